@@ -1,0 +1,12 @@
+#pragma once
+
+#include "cli/cli_arguments.h"
+
+namespace kirameki::cli {
+
+// Each subcommand returns the exit status: 0 success, 2 bad usage or input, 1 other failure.
+int RunTables(Arguments& args);
+int RunModel(Arguments& args);
+int RunPreview(Arguments& args);
+
+}  // namespace kirameki::cli

@@ -1,0 +1,43 @@
+#include <exception>
+#include <iostream>
+#include <string_view>
+
+#include "cli/commands.h"
+
+namespace {
+
+constexpr const char* kUsage =
+    "usage: kirameki-cli <command> [options]\n"
+    "commands:\n"
+    "  tables                       the stone, colour, cut and polygon colour tables (JSON)\n"
+    "  model --cut K (--json | --obj FILE)   the polyhedron of one cut\n"
+    "  preview --cut K --out FILE.png [--size PX] [--tilt DEG] [--spin DEG]\n";
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    using namespace kirameki::cli;
+    if (argc < 2) {
+        std::cerr << kUsage;
+        return 2;
+    }
+    const std::string_view command = argv[1];
+    Arguments args(argc, argv, 2);
+    try {
+        if (command == "tables") return RunTables(args);
+        if (command == "model") return RunModel(args);
+        if (command == "preview") return RunPreview(args);
+        if (command == "--help" || command == "help") {
+            std::cout << kUsage;
+            return 0;
+        }
+        std::cerr << "kirameki-cli: unknown command '" << command << "'\n" << kUsage;
+        return 2;
+    } catch (const UsageError& e) {
+        std::cerr << "kirameki-cli: " << e.what() << "\n";
+        return 2;
+    } catch (const std::exception& e) {
+        std::cerr << "kirameki-cli: " << e.what() << "\n";
+        return 1;
+    }
+}
