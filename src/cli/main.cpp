@@ -18,7 +18,7 @@ constexpr const char* kUsage =
 int main(int argc, char** argv) {
     using namespace kirameki::cli;
     if (argc < 2) {
-        std::cerr << kUsage;
+        std::cerr << "kirameki-cli: no command given (see kirameki-cli --help)\n";
         return 2;
     }
     const std::string_view command = argv[1];
@@ -31,7 +31,7 @@ int main(int argc, char** argv) {
             std::cout << kUsage;
             return 0;
         }
-        std::cerr << "kirameki-cli: unknown command '" << command << "'\n" << kUsage;
+        std::cerr << "kirameki-cli: unknown command '" << command << "' (see kirameki-cli --help)\n";
         return 2;
     } catch (const UsageError& e) {
         std::cerr << "kirameki-cli: " << e.what() << "\n";

@@ -32,8 +32,4 @@ std::optional<OrientationFrame> StepFrame(const RotationKind& kind, double angle
     return std::nullopt;
 }
 
-OrientationFrame LocalStepFrame(const OrientationFrame& step, const OrientationFrame& local) {
-    return MakeFrame(ApplyFrame(local, step.AxisA), ApplyFrame(local, step.AxisB));
-}
-
 }  // namespace kirameki

@@ -27,8 +27,4 @@ RotationKind ClassifyRotation(int identifier);
 std::optional<OrientationFrame> StepFrame(const RotationKind& kind,
                                           double angle = kRotationStepAngle);
 
-// The same step about the axes of another frame (the stone's own axes): both step axes are
-// carried through that frame and decomposed again.
-OrientationFrame LocalStepFrame(const OrientationFrame& step, const OrientationFrame& local);
-
 }  // namespace kirameki

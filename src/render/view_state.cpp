@@ -67,10 +67,42 @@ Vec3 ApplyFrame(const OrientationFrame& frame, Vec3 v) {
     return {-z1 * S1 + x1 * C1, y2, z1 * C1 + x1 * S1};
 }
 
-void RotationStep(OrientationFrame& frame, const OrientationFrame& step) {
-    frame.AxisA = Renormalised(ApplyFrame(step, frame.AxisA));
-    frame.AxisB = Renormalised(ApplyFrame(step, frame.AxisB));
+namespace {
+
+// Sets the frame to the rotation that carries (0, 0, -1) to a and (1, 0, 0) to x.
+void SetFromImages(OrientationFrame& frame, Vec3 a, Vec3 x) {
+    frame.AxisA = Renormalised(a);
+    Decompose(frame);  // the first two plane rotations depend on AxisA alone
+    const double C0 = frame.FrameCos[0], C1 = frame.FrameCos[1];
+    const double S0 = frame.FrameSin[0], S1 = frame.FrameSin[1];
+    // x taken back through those two rotations leaves the in-plane pair (x1, y1).
+    double x1, y1;
+    if (frame.FrameFlag == 1) {
+        const double t = x.z * C0 - x.y * S0;
+        y1 = x.z * S0 + x.y * C0;
+        x1 = x.x * C1 - t * S1;
+    } else {
+        const double t = x.z * C1 - x.x * S1;
+        x1 = x.z * S1 + x.x * C1;
+        y1 = x.y * C0 - t * S0;
+    }
+    OrientationFrame chain = frame;
+    chain.FrameCos[2] = 1.0;
+    chain.FrameSin[2] = 0.0;
+    frame.AxisB = Renormalised(ApplyFrame(chain, {x1, -y1, 0.0}));
     Decompose(frame);
+}
+
+}  // namespace
+
+void RotationStep(OrientationFrame& frame, const OrientationFrame& step) {
+    SetFromImages(frame, ApplyFrame(step, frame.AxisA),
+                  ApplyFrame(step, ApplyFrame(frame, {1.0, 0.0, 0.0})));
+}
+
+void LocalRotationStep(OrientationFrame& frame, const OrientationFrame& step) {
+    SetFromImages(frame, ApplyFrame(frame, step.AxisA),
+                  ApplyFrame(frame, ApplyFrame(step, {1.0, 0.0, 0.0})));
 }
 
 OrientationFrame MakeFrame(Vec3 axisA, Vec3 axisB) {

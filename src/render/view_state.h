@@ -24,8 +24,16 @@ void Decompose(OrientationFrame& frame);
 // Turns v by the frame.
 Vec3 ApplyFrame(const OrientationFrame& frame, Vec3 v);
 
-// Turns the frame's two axes by the step frame, renormalises them and decomposes again.
+// Turns the frame by the step frame about the fixed view axes: AxisA is carried by the step,
+// both axes are renormalised and the frame is decomposed again. The decomposition reads the
+// in-plane angle of AxisB mirrored, so AxisB is set to the vector that makes the turned
+// frame apply exactly the step after the old frame: a held turn is then a steady rotation
+// and 128 rounds of pi/64 come back to the start.
 void RotationStep(OrientationFrame& frame, const OrientationFrame& step);
+
+// The same turn about the frame's own axes (the stone turning about its own axes): the step
+// axes are carried through the current frame first.
+void LocalRotationStep(OrientationFrame& frame, const OrientationFrame& step);
 
 // A frame built from two axes and decomposed.
 OrientationFrame MakeFrame(Vec3 axisA, Vec3 axisB);
