@@ -6,17 +6,20 @@
 namespace kirameki::cli {
 
 Arguments::Arguments(int argc, char** argv, int first) {
-    for (int i = first; i < argc; ++i) words_.emplace_back(argv[i]);
+    for (int i = first; i < argc; ++i)
+        words_.emplace_back(argv[i]);
 }
 
 std::string_view Arguments::Flag() {
     const std::string& word = words_.at(next_++);
-    if (word.rfind("--", 0) != 0) throw UsageError("unexpected argument '" + word + "'");
+    if (word.rfind("--", 0) != 0)
+        throw UsageError("unexpected argument '" + word + "'");
     return word;
 }
 
 std::string Arguments::Value(std::string_view flag) {
-    if (Done()) throw UsageError(std::string(flag) + " needs a value");
+    if (Done())
+        throw UsageError(std::string(flag) + " needs a value");
     return words_[next_++];
 }
 
@@ -41,7 +44,8 @@ double Arguments::DoubleValue(std::string_view flag, double low, double high) {
 std::optional<int> ParseInt(std::string_view text) {
     int value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+    if (error != std::errc() || end != text.data() + text.size())
+        return std::nullopt;
     return value;
 }
 

@@ -15,16 +15,16 @@ struct UsageError : std::runtime_error {
 
 // The words after the subcommand, taken one flag at a time.
 class Arguments {
-public:
+  public:
     Arguments(int argc, char** argv, int first);
 
     bool Done() const { return next_ >= words_.size(); }
-    std::string_view Flag();                  // the next word, which must start with "--"
+    std::string_view Flag();                   // the next word, which must start with "--"
     std::string Value(std::string_view flag);  // the word after a flag
     int IntValue(std::string_view flag, int low, int high);
     double DoubleValue(std::string_view flag, double low, double high);
 
-private:
+  private:
     std::vector<std::string> words_;
     std::size_t next_ = 0;
 };

@@ -5,6 +5,7 @@
 
 #include "cli/commands.h"
 #include "cli/json_writer.h"
+#include "cli/scene_arguments.h"
 #include "model/model_builder.h"
 #include "model/stone_tables.h"
 #include "output/atomic_file.h"
@@ -18,8 +19,8 @@ void PrintJson(int cut, const GemModel& model) {
                       ",\"name\":" + JsonString(CutNames()[cut].english) + ",\"vertices\":[";
     for (int i = 0; i < model.VertexCount; ++i) {
         const Vec3 v = model.ModelVertices[i];
-        out += (i ? ",[" : "[") + JsonNumber(v.x) + "," + JsonNumber(v.y) + "," +
-               JsonNumber(v.z) + "]";
+        out += (i ? ",[" : "[") + JsonNumber(v.x) + "," + JsonNumber(v.y) + "," + JsonNumber(v.z) +
+               "]";
     }
     out += "],\"faces\":[";
     for (int f = 0; f < model.FaceCount; ++f) {
@@ -49,7 +50,8 @@ bool WriteObj(const std::string& path, int cut, const GemModel& model, std::stri
             for (int f = 0; f < model.FaceCount; ++f) {
                 const FaceRecord& face = model.FaceTable[f];
                 std::fputc('f', file);
-                for (int j = face.Count - 1; j >= 0; --j) std::fprintf(file, " %d", face.Index[j] + 1);
+                for (int j = face.Count - 1; j >= 0; --j)
+                    std::fprintf(file, " %d", face.Index[j] + 1);
                 std::fputc('\n', file);
             }
             return std::ferror(file) == 0;
@@ -73,17 +75,19 @@ int RunModel(Arguments& args) {
         } else if (flag == "--obj") {
             objPath = args.Value(flag);
         } else if (flag == "--settings") {
-            throw UsageError("--settings: reading a settings file is not available yet");
+            parameters = LoadSettingsArgument(args.Value(flag)).modelParameters;
         } else {
             throw UsageError("model: unknown option " + std::string(flag));
         }
     }
     if (cut == -1 && !json && objPath.empty())
-        throw UsageError("usage: kirameki-cli model --cut K [--settings FILE] (--json | --obj FILE)");
+        throw UsageError(
+            "usage: kirameki-cli model --cut K [--settings FILE] (--json | --obj FILE)");
     if (!HasGenerator(cut))
         throw UsageError("--cut takes an entry of the cut list, 0 to 27 except 22, not " +
                          std::to_string(cut));
-    if (json == !objPath.empty()) throw UsageError("model needs exactly one of --json and --obj");
+    if (json == !objPath.empty())
+        throw UsageError("model needs exactly one of --json and --obj");
     auto model = std::make_unique<GemModel>();
     BuildModel(cut, parameters, *model);
     if (json) {

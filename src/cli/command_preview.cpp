@@ -20,7 +20,8 @@ constexpr double kDegree = 3.14159265358979323846 / 180.0;
 
 void TurnObject(ViewState& state, TurnAxis axis, double degrees) {
     const auto step = StepFrame({axis, degrees < 0 ? -1 : 1, false}, std::abs(degrees) * kDegree);
-    if (step) RotationStep(state.object, *step);
+    if (step)
+        RotationStep(state.object, *step);
 }
 
 }  // namespace
@@ -48,9 +49,12 @@ int RunPreview(Arguments& args) {
             throw UsageError("preview: unknown option " + std::string(flag));
         }
     }
-    if (out.empty()) throw UsageError("usage: kirameki-cli preview --cut K --out FILE.png "
-                                      "[--size PX] [--tilt DEG] [--spin DEG] [--polygon-colour N]");
-    if (!HasGenerator(cut)) throw UsageError("--cut 22 is the separator line of the cut list");
+    if (out.empty())
+        throw UsageError(
+            "usage: kirameki-cli preview --cut K --out FILE.png "
+            "[--size PX] [--tilt DEG] [--spin DEG] [--polygon-colour N]");
+    if (!HasGenerator(cut))
+        throw UsageError("--cut 22 is the separator line of the cut list");
     auto model = std::make_unique<GemModel>();
     BuildModel(cut, kDefaultModelParameters, *model);
     ViewState state = InitialViewState();

@@ -10,21 +10,23 @@ namespace kirameki::cli {
 namespace {
 
 std::string Triple(const std::array<double, 3>& values) {
-    return "[" + JsonNumber(values[0]) + "," + JsonNumber(values[1]) + "," +
-           JsonNumber(values[2]) + "]";
+    return "[" + JsonNumber(values[0]) + "," + JsonNumber(values[1]) + "," + JsonNumber(values[2]) +
+           "]";
 }
 
 }  // namespace
 
 int RunTables(Arguments& args) {
-    if (!args.Done()) throw UsageError("tables takes no options");
+    if (!args.Done())
+        throw UsageError("tables takes no options");
     std::string out = "{\"stones\":[";
     for (int i = 0; i < kStoneCount; ++i) {
         const StoneRecord& s = Stones()[i];
         out += (i ? ",\n" : "\n") + std::string("{\"index\":") + std::to_string(i) +
                ",\"english\":" + JsonString(s.english) + ",\"japanese\":" + JsonString(s.japanese) +
-               ",\"colour\":" + std::to_string(s.defaultColour) + ",\"cut\":" +
-               std::to_string(s.defaultCut) + ",\"index100\":" + std::to_string(s.index100) +
+               ",\"colour\":" + std::to_string(s.defaultColour) +
+               ",\"cut\":" + std::to_string(s.defaultCut) +
+               ",\"index100\":" + std::to_string(s.index100) +
                ",\"coefficient\":" + JsonNumber(s.coefficient) + "}";
     }
     out += "],\n\"colours\":[";

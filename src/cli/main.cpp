@@ -24,14 +24,18 @@ int main(int argc, char** argv) {
     const std::string_view command = argv[1];
     Arguments args(argc, argv, 2);
     try {
-        if (command == "tables") return RunTables(args);
-        if (command == "model") return RunModel(args);
-        if (command == "preview") return RunPreview(args);
+        if (command == "tables")
+            return RunTables(args);
+        if (command == "model")
+            return RunModel(args);
+        if (command == "preview")
+            return RunPreview(args);
         if (command == "--help" || command == "help") {
             std::cout << kUsage;
             return 0;
         }
-        std::cerr << "kirameki-cli: unknown command '" << command << "' (see kirameki-cli --help)\n";
+        std::cerr << "kirameki-cli: unknown command '" << command
+                  << "' (see kirameki-cli --help)\n";
         return 2;
     } catch (const UsageError& e) {
         std::cerr << "kirameki-cli: " << e.what() << "\n";

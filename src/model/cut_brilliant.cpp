@@ -53,7 +53,8 @@ void GenerateBrilliantCut(GemModel& model) {
         SetFace(f, 2 * i + 18, {i + 8, 2 * i + 17, ((2 * i + 2) % 16) + 16});
         SetFace(f, i + 49, {2 * i + 16, ((i + 7) % 8) + 32, 40, i + 32});
     }
-    for (int i = 0; i < 16; ++i) SetFace(f, i + 33, {i + 16, (i / 2) + 32, ((i + 1) % 16) + 16});
+    for (int i = 0; i < 16; ++i)
+        SetFace(f, i + 33, {i + 16, (i / 2) + 32, ((i + 1) % 16) + 16});
 }
 
 }  // namespace kirameki

@@ -5,7 +5,8 @@
 namespace kirameki {
 
 void MirrorVertices(VertexArray& vertices, int n) {
-    for (int i = 0; i < n / 2; ++i) vertices[n - 1 - i] = -vertices[i];
+    for (int i = 0; i < n / 2; ++i)
+        vertices[n - 1 - i] = -vertices[i];
 }
 
 void MirrorFaces(FaceArray& faces, int nVertices, int nFaces) {
@@ -25,10 +26,13 @@ void TurnVerticesQuarter(VertexArray& vertices, int first, int last, int offset)
     }
 }
 
-void CopyVertex(VertexArray& vertices, int from, int to) { vertices[to] = vertices[from]; }
+void CopyVertex(VertexArray& vertices, int from, int to) {
+    vertices[to] = vertices[from];
+}
 
 void SquashOval(GemModel& model) {
-    for (int i = 0; i < model.VertexCount; ++i) model.ModelVertices[i].x *= 0.8;
+    for (int i = 0; i < model.VertexCount; ++i)
+        model.ModelVertices[i].x *= 0.8;
 }
 
 void SetFace(FaceArray& faces, int face, std::initializer_list<int> indices) {
@@ -36,7 +40,8 @@ void SetFace(FaceArray& faces, int face, std::initializer_list<int> indices) {
     FaceRecord& record = faces[face];
     record.Count = static_cast<std::int32_t>(indices.size());
     int j = 0;
-    for (int index : indices) record.Index[j++] = index;
+    for (int index : indices)
+        record.Index[j++] = index;
 }
 
 void SetCounts(GemModel& model, int vertexCount, int faceCount) {

@@ -12,8 +12,8 @@ namespace kirameki {
 // 10: 14 hedron corner cutting ratio; 11: 26 hedron value, stored as 100 minus the ratio shown.
 using ModelParameters = std::array<std::int32_t, 12>;
 
-inline constexpr ModelParameters kDefaultModelParameters = {1,  0, 70, 80, 16, 8,
-                                                           6, 70, 6,  70, 50, 87};
+inline constexpr ModelParameters kDefaultModelParameters = {1, 0,  70, 80, 16, 8,
+                                                            6, 70, 6,  70, 50, 87};
 
 enum ModelParameter : int {
     kEllipsoidCompression = 2,

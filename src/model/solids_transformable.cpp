@@ -8,7 +8,9 @@ namespace kirameki {
 
 namespace {
 
-bool SidesInRange(int sides) { return sides >= 3 && sides <= 16; }
+bool SidesInRange(int sides) {
+    return sides >= 3 && sides <= 16;
+}
 
 // Base radius and half height of a prism or pyramid whose base ring lies on the unit sphere.
 void PrismShape(int heightRatio, double& radius, double& halfHeight) {
@@ -23,7 +25,8 @@ void GenerateEllipsoid(GemModel& model, int surfaces, int rows, double diameterR
     // The dialog keeps these in range; a damaged settings file must still not overrun the
     // fixed storage, so such a request leaves the previous model as it was.
     const long vertexCount = long(surfaces) * (rows + 1);
-    if (surfaces < 3 || rows < 2 || vertexCount > kMaxVertices) return;
+    if (surfaces < 3 || rows < 2 || vertexCount > kMaxVertices)
+        return;
     SetCounts(model, surfaces * (rows + 1), surfaces * rows);
     const double a = diameterRatio;
     const double b = compression;
@@ -45,12 +48,14 @@ void GenerateEllipsoid(GemModel& model, int surfaces, int rows, double diameterR
         const int shift = (face % rows < rows / 2) ? 0 : 2;
         FaceRecord& record = model.FaceTable[face];
         record.Count = 4;
-        for (int k = 0; k < 4; ++k) record.Index[(k + shift) % 4] = corners[k];
+        for (int k = 0; k < 4; ++k)
+            record.Index[(k + shift) % 4] = corners[k];
     }
 }
 
 void GeneratePrism(GemModel& model, int sides, int heightRatio) {
-    if (!SidesInRange(sides)) return;
+    if (!SidesInRange(sides))
+        return;
     const int n = sides;
     SetCounts(model, 2 * n, n + 2);
     double r = 0.0, e = 0.0;
@@ -73,7 +78,8 @@ void GeneratePrism(GemModel& model, int sides, int heightRatio) {
 }
 
 void GeneratePyramid(GemModel& model, int sides, int heightRatio) {
-    if (!SidesInRange(sides)) return;
+    if (!SidesInRange(sides))
+        return;
     const int n = sides;
     SetCounts(model, n + 1, n + 1);
     double r = 0.0, e = 0.0;
@@ -86,8 +92,10 @@ void GeneratePyramid(GemModel& model, int sides, int heightRatio) {
     model.ModelVertices[n] = {e, 0.0, 0.0};
     FaceRecord& base = model.FaceTable[0];
     base.Count = n;
-    for (int i = 0; i < n; ++i) base.Index[i] = i;
-    for (int i = 0; i < n; ++i) SetFace(model.FaceTable, i + 1, {(n - i) % n, n - 1 - i, n});
+    for (int i = 0; i < n; ++i)
+        base.Index[i] = i;
+    for (int i = 0; i < n; ++i)
+        SetFace(model.FaceTable, i + 1, {(n - i) % n, n - 1 - i, n});
 }
 
 }  // namespace kirameki

@@ -95,8 +95,12 @@ const std::array<std::array<double, 3>, kPolygonColourCount>& PolygonColours() {
     return colours;
 }
 
-bool IsStoneIndex(int stone) { return stone >= 0 && stone < kStoneCount; }
-bool IsColourIndex(int colour) { return colour >= 0 && colour < kColourCount; }
+bool IsStoneIndex(int stone) {
+    return stone >= 0 && stone < kStoneCount;
+}
+bool IsColourIndex(int colour) {
+    return colour >= 0 && colour < kColourCount;
+}
 bool IsPolygonColourIndex(int polygonColour) {
     return polygonColour >= 0 && polygonColour < kPolygonColourCount;
 }

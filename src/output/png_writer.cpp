@@ -13,7 +13,8 @@ namespace {
 
 bool WritePngRows(std::FILE* file, const FrameImage& image) {
     png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
-    if (png == nullptr) return false;
+    if (png == nullptr)
+        return false;
     png_infop info = png_create_info_struct(png);
     std::vector<png_byte> row(std::size_t(image.Width()) * 3);
     if (info == nullptr || setjmp(png_jmpbuf(png))) {

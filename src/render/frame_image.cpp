@@ -10,7 +10,8 @@ void FrameImage::Create(int width, int height) {
 }
 
 bool FrameImage::SetPixel(int x, int y, std::uint32_t rgb) {
-    if (x < 0 || x >= width_ || y < 0 || y >= height_) return false;
+    if (x < 0 || x >= width_ || y < 0 || y >= height_)
+        return false;
     std::uint8_t* p = Row(y) + 3 * x;
     p[0] = std::uint8_t(BlueOf(rgb));
     p[1] = std::uint8_t(GreenOf(rgb));
@@ -19,19 +20,22 @@ bool FrameImage::SetPixel(int x, int y, std::uint32_t rgb) {
 }
 
 std::uint32_t FrameImage::Pixel(int x, int y) const {
-    if (x < 0 || x >= width_ || y < 0 || y >= height_) return 0;
+    if (x < 0 || x >= width_ || y < 0 || y >= height_)
+        return 0;
     const std::uint8_t* p = Row(y) + 3 * x;
     return PackRgb(p[2], p[1], p[0]);
 }
 
 void FrameImage::Fill(std::uint32_t rgb) {
     for (int y = 0; y < height_; ++y)
-        for (int x = 0; x < width_; ++x) SetPixel(x, y, rgb);
+        for (int x = 0; x < width_; ++x)
+            SetPixel(x, y, rgb);
 }
 
 void FrameImage::ReduceByHalf(FrameImage& out) const {
     const int w = width_ / 2, h = height_ / 2;
-    if (out.width_ != w || out.height_ != h) out.Create(w, h);
+    if (out.width_ != w || out.height_ != h)
+        out.Create(w, h);
     for (int y = 0; y < h; ++y) {
         const std::uint8_t* a = Row(2 * y);
         const std::uint8_t* b = Row(2 * y + 1);

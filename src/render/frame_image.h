@@ -10,7 +10,7 @@ namespace kirameki {
 // row y (from the top) is stored row height-1-y. Colours are handed in and out packed as
 // red | green << 8 | blue << 16. Memory is allocated only when the size changes.
 class FrameImage {
-public:
+  public:
     FrameImage() = default;
     FrameImage(int width, int height) { Create(width, height); }
 
@@ -35,7 +35,7 @@ public:
     // Halves the picture by averaging each 2 x 2 block (the high-quality reduction).
     void ReduceByHalf(FrameImage& out) const;
 
-private:
+  private:
     int width_ = 0;
     int height_ = 0;
     int stride_ = 0;
@@ -45,8 +45,14 @@ private:
 constexpr std::uint32_t PackRgb(int r, int g, int b) {
     return std::uint32_t(r) | std::uint32_t(g) << 8 | std::uint32_t(b) << 16;
 }
-constexpr int RedOf(std::uint32_t rgb) { return rgb & 0xff; }
-constexpr int GreenOf(std::uint32_t rgb) { return (rgb >> 8) & 0xff; }
-constexpr int BlueOf(std::uint32_t rgb) { return (rgb >> 16) & 0xff; }
+constexpr int RedOf(std::uint32_t rgb) {
+    return rgb & 0xff;
+}
+constexpr int GreenOf(std::uint32_t rgb) {
+    return (rgb >> 8) & 0xff;
+}
+constexpr int BlueOf(std::uint32_t rgb) {
+    return (rgb >> 16) & 0xff;
+}
 
 }  // namespace kirameki

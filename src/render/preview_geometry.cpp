@@ -16,7 +16,8 @@ void WriteFaceData(FaceRecord& face, const VertexArray& viewVertices) {
 }
 
 void WriteAllFaceData(GemModel& model) {
-    for (int i = 0; i < model.FaceCount; ++i) WriteFaceData(model.FaceTable[i], model.ViewVertices);
+    for (int i = 0; i < model.FaceCount; ++i)
+        WriteFaceData(model.FaceTable[i], model.ViewVertices);
 }
 
 int DiffuseValue(double k) {
@@ -51,7 +52,8 @@ void ComputePreview(GemModel& model, Vec3 light, const std::array<double, 3>& po
         out.lastCross = (v1.x - v0.x) * (v2.y - v1.y) - (v1.y - v0.y) * (v2.x - v1.x);
         const Vec3 n = face.Normal();
         out.lastDiffuse = Dot(n, light);
-        if (out.lastCross < 0.0) continue;
+        if (out.lastCross < 0.0)
+            continue;
         PreviewPolygon& polygon = out.polygons[out.facesDrawn++];
         polygon.colour = FaceColour(DiffuseValue(out.lastDiffuse),
                                     HighlightValue(n, light, out.lastDiffuse), polygonColour);

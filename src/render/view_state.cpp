@@ -6,10 +6,14 @@ namespace kirameki {
 
 namespace {
 
-int Sign(double c) { return (c > 0.0) - (c < 0.0); }
+int Sign(double c) {
+    return (c > 0.0) - (c < 0.0);
+}
 
 // c / sqrt(d2) formed so that a zero numerator yields exactly zero.
-double SignedRoot(double c, double d2) { return Sign(c) * std::sqrt(c * c / d2); }
+double SignedRoot(double c, double d2) {
+    return Sign(c) * std::sqrt(c * c / d2);
+}
 
 Vec3 Renormalised(Vec3 v) {
     const double d2 = Dot(v, v);
@@ -113,7 +117,9 @@ OrientationFrame MakeFrame(Vec3 axisA, Vec3 axisB) {
     return frame;
 }
 
-Vec3 LightDirectionOf(const OrientationFrame& light) { return -light.AxisA; }
+Vec3 LightDirectionOf(const OrientationFrame& light) {
+    return -light.AxisA;
+}
 
 ViewState InitialViewState() {
     ViewState state;

@@ -1,10 +1,11 @@
+#include "model/model_builder.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <memory>
 
 #include "model/generator_tools.h"
-#include "model/model_builder.h"
 #include "polyhedron_checks.h"
 
 namespace kirameki {
@@ -16,14 +17,16 @@ struct Entry {
     int faces;
 };
 
-void PrintTo(const Entry& entry, std::ostream* out) { *out << "entry " << entry.index; }
+void PrintTo(const Entry& entry, std::ostream* out) {
+    *out << "entry " << entry.index;
+}
 
 // The cut list's entries with the counts every generator must produce.
 constexpr Entry kEntries[] = {
-    {0, 41, 57},  {1, 41, 57},  {2, 61, 81},   {3, 61, 81},  {4, 89, 137}, {5, 89, 137},
-    {6, 41, 57},  {7, 58, 57},  {8, 50, 45},   {9, 21, 33},  {10, 17, 17}, {11, 41, 57},
-    {12, 26, 48}, {13, 12, 10}, {14, 144, 128}, {15, 32, 60}, {16, 60, 32}, {17, 12, 20},
-    {18, 20, 12}, {19, 6, 8},   {20, 8, 6},    {21, 4, 4},   {23, 144, 128}, {24, 12, 8},
+    {0, 41, 57},  {1, 41, 57},  {2, 61, 81},    {3, 61, 81},  {4, 89, 137},   {5, 89, 137},
+    {6, 41, 57},  {7, 58, 57},  {8, 50, 45},    {9, 21, 33},  {10, 17, 17},   {11, 41, 57},
+    {12, 26, 48}, {13, 12, 10}, {14, 144, 128}, {15, 32, 60}, {16, 60, 32},   {17, 12, 20},
+    {18, 20, 12}, {19, 6, 8},   {20, 8, 6},     {21, 4, 4},   {23, 144, 128}, {24, 12, 8},
     {25, 7, 7},   {26, 36, 14}, {27, 24, 26},
 };
 
@@ -40,7 +43,8 @@ TEST_P(EveryEntry, IsAValidStoneWithTheListedCounts) {
     auto model = Build(entry.index);
     EXPECT_EQ(model->VertexCount, entry.vertices);
     EXPECT_EQ(model->FaceCount, entry.faces);
-    for (const std::string& problem : testing::CheckPolyhedron(*model)) ADD_FAILURE() << problem;
+    for (const std::string& problem : testing::CheckPolyhedron(*model))
+        ADD_FAILURE() << problem;
     for (int i = 0; i < model->VertexCount; ++i) {
         EXPECT_EQ(model->ViewVertices[i].x, model->ModelVertices[i].x);
         EXPECT_EQ(model->ViewVertices[i].z, model->ModelVertices[i].z);
@@ -49,14 +53,15 @@ TEST_P(EveryEntry, IsAValidStoneWithTheListedCounts) {
         // Cuts: girdle radius 1.0 about the Y axis (the ovals keep it along Z).
         double girdle = 0.0;
         for (int i = 0; i < model->VertexCount; ++i)
-            girdle = std::max(girdle, std::hypot(model->ModelVertices[i].x,
-                                                 model->ModelVertices[i].z));
+            girdle =
+                std::max(girdle, std::hypot(model->ModelVertices[i].x, model->ModelVertices[i].z));
         EXPECT_NEAR(girdle, 1.0, 1e-9);
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(CutList, EveryEntry, ::testing::ValuesIn(kEntries),
-                         [](const auto& info) { return "Entry" + std::to_string(info.param.index); });
+INSTANTIATE_TEST_SUITE_P(CutList, EveryEntry, ::testing::ValuesIn(kEntries), [](const auto& info) {
+    return "Entry" + std::to_string(info.param.index);
+});
 
 TEST(BuildModel, SeparatorAndOutOfRangeEntriesChangeNothing) {
     auto model = Build(0);
@@ -79,7 +84,8 @@ TEST(BuildModel, OvalEntriesAreTheRoundOnesSquashedInX) {
             EXPECT_EQ(o->ModelVertices[i].y, r->ModelVertices[i].y);
             EXPECT_EQ(o->ModelVertices[i].z, r->ModelVertices[i].z);
         }
-        for (int f = 0; f < r->FaceCount; ++f) EXPECT_EQ(o->FaceTable[f].Index, r->FaceTable[f].Index);
+        for (int f = 0; f < r->FaceCount; ++f)
+            EXPECT_EQ(o->FaceTable[f].Index, r->FaceTable[f].Index);
     }
 }
 

@@ -41,9 +41,11 @@ struct Checker {
         std::vector<int> corners;
         for (int j = 0; j < face.Count; ++j) {
             const int c = canonical[face.Index[j]];
-            if (corners.empty() || corners.back() != c) corners.push_back(c);
+            if (corners.empty() || corners.back() != c)
+                corners.push_back(c);
         }
-        while (corners.size() > 1 && corners.front() == corners.back()) corners.pop_back();
+        while (corners.size() > 1 && corners.front() == corners.back())
+            corners.pop_back();
         return corners;
     }
 
@@ -65,7 +67,8 @@ struct Checker {
             return;
         }
         for (int i = 0; i < nv; ++i)
-            if (Length(P(i)) > 1.0 + kEps) Report("vertex ", i, " outside the unit sphere");
+            if (Length(P(i)) > 1.0 + kEps)
+                Report("vertex ", i, " outside the unit sphere");
         for (int f = 0; f < nf; ++f) {
             const FaceRecord& face = model.FaceTable[f];
             if (face.Count < 3 || face.Count > kMaxFaceVertices) {
@@ -82,9 +85,11 @@ struct Checker {
         const Vec3 centre = Centroid();
         std::vector<Vec3> normals(nf);
         std::map<std::pair<int, int>, int> edges;  // directed edge -> face
-        for (int f = 0; f < nf; ++f) CheckFace(f, centre, normals[f], edges);
+        for (int f = 0; f < nf; ++f)
+            CheckFace(f, centre, normals[f], edges);
         int distinctVertices = 0;
-        for (int i = 0; i < nv; ++i) distinctVertices += canonical[i] == i;
+        for (int i = 0; i < nv; ++i)
+            distinctVertices += canonical[i] == i;
         for (const auto& [edge, face] : edges) {
             auto twin = edges.find({edge.second, edge.first});
             if (twin == edges.end()) {
@@ -94,7 +99,8 @@ struct Checker {
             }
         }
         const long euler = distinctVertices - long(edges.size()) / 2 + nf;
-        if (euler != 2) Report("Euler characteristic ", euler, " instead of 2");
+        if (euler != 2)
+            Report("Euler characteristic ", euler, " instead of 2");
     }
 
     void CheckFace(int f, Vec3 centre, Vec3& normal, std::map<std::pair<int, int>, int>& edges) {
@@ -106,7 +112,8 @@ struct Checker {
             return;
         }
         normal = Normalized(n);
-        if (Dot(normal, centre - v0) <= 0.0) Report("face ", f, " is wound outward");
+        if (Dot(normal, centre - v0) <= 0.0)
+            Report("face ", f, " is wound outward");
         const std::vector<int> corners = DistinctCorners(face);
         if (corners.size() < 3) {
             Report("face ", f, " has fewer than 3 distinct corners");
@@ -116,10 +123,11 @@ struct Checker {
             const Vec3 a = P(corners[j]);
             const Vec3 b = P(corners[(j + 1) % corners.size()]);
             const Vec3 c = P(corners[(j + 2) % corners.size()]);
-            if (std::abs(Dot(normal, a - v0)) > kEps) Report("face ", f, " is not planar");
-            if (Dot(Cross(b - a, c - b), normal) < -kEps) Report("face ", f, " is not convex");
-            if (!edges.emplace(std::pair{corners[j], corners[(j + 1) % corners.size()]}, f)
-                     .second)
+            if (std::abs(Dot(normal, a - v0)) > kEps)
+                Report("face ", f, " is not planar");
+            if (Dot(Cross(b - a, c - b), normal) < -kEps)
+                Report("face ", f, " is not convex");
+            if (!edges.emplace(std::pair{corners[j], corners[(j + 1) % corners.size()]}, f).second)
                 Report("edge ", corners[j], "-", corners[(j + 1) % corners.size()],
                        " used twice in one direction (face ", f, ")");
         }

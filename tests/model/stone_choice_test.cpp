@@ -1,6 +1,7 @@
+#include "model/stone_choice.h"
+
 #include <gtest/gtest.h>
 
-#include "model/stone_choice.h"
 #include "model/stone_tables.h"
 
 namespace kirameki {
@@ -14,8 +15,8 @@ TEST(StoneTables, MandarinTracksVoraneAndNamesMatchTheLists) {
     EXPECT_EQ(choice.model, 2);
     EXPECT_EQ(choice.colour, 6);
     EXPECT_EQ(CutNames()[19].english, "reg. ８ hedron");  // full-width digit kept
-    EXPECT_EQ(Colours()[8].absorption[0], 0.03);           // Violet absorbs red only
-    EXPECT_EQ(PolygonColours()[1][0], 1.0);                 // the default position is Red
+    EXPECT_EQ(Colours()[8].absorption[0], 0.03);          // Violet absorbs red only
+    EXPECT_EQ(PolygonColours()[1][0], 1.0);               // the default position is Red
 }
 
 TEST(StoneChoice, SelectionRulesKeepWhatTheyMust) {

@@ -1,10 +1,11 @@
+#include "render/preview_geometry.h"
+
 #include <gtest/gtest.h>
 
 #include <memory>
 
 #include "model/model_builder.h"
 #include "render/frame_image.h"
-#include "render/preview_geometry.h"
 #include "render/view_state.h"
 
 namespace kirameki {

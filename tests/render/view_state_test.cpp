@@ -1,15 +1,18 @@
+#include "render/view_state.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <random>
 
 #include "render/rotation_steps.h"
-#include "render/view_state.h"
 
 namespace kirameki {
 namespace {
 
-double Distance(Vec3 a, Vec3 b) { return Length(a - b); }
+double Distance(Vec3 a, Vec3 b) {
+    return Length(a - b);
+}
 
 TEST(Decompose, ChoosesTheSteepVariantOnlyBeyondTheDiagonal) {
     EXPECT_EQ(MakeFrame({0, 1, 0}, {1, 0, 0}).FrameFlag, 1);
@@ -66,7 +69,8 @@ TEST(RotationStep, HundredTwentyEightRoundsMakeAFullTurn) {
         EXPECT_LT(Distance(local.AxisA, start.AxisA), 1e-12) << id;
         // Half way round a turn is not back at the start.
         OrientationFrame half = start;
-        for (int round = 0; round < 64; ++round) RotationStep(half, *step);
+        for (int round = 0; round < 64; ++round)
+            RotationStep(half, *step);
         EXPECT_GT(Distance(half.AxisA, start.AxisA) + Distance(half.AxisB, start.AxisB), 0.5);
     }
 }
@@ -92,7 +96,8 @@ TEST(RotationStep, TurnsTheShownStoneRigidlyByTheStep) {
 TEST(RotationStep, ExactZerosStayExactlyZero) {
     OrientationFrame frame;  // the identity: A = (0, 0, -1), B = (1, 0, 0)
     const auto step = StepFrame(ClassifyRotation(1006));  // about Y
-    for (int i = 0; i < 300; ++i) RotationStep(frame, *step);
+    for (int i = 0; i < 300; ++i)
+        RotationStep(frame, *step);
     EXPECT_EQ(frame.AxisA.y, 0.0);
     EXPECT_EQ(frame.AxisB.y, 0.0);
     EXPECT_EQ(frame.FrameSin[0], 0.0);
@@ -107,7 +112,8 @@ TEST(RotationIdentifiers, PairOppositeSensesAndSendTheRestToRedrawOnly) {
     }
     EXPECT_TRUE(ClassifyRotation(1012).light);
     EXPECT_EQ(ClassifyRotation(1125).axis, ClassifyRotation(1008).axis);
-    for (int id : {1205, 1005, 1016, 0}) EXPECT_FALSE(StepFrame(ClassifyRotation(id))) << id;
+    for (int id : {1205, 1005, 1016, 0})
+        EXPECT_FALSE(StepFrame(ClassifyRotation(id))) << id;
 }
 
 TEST(InitialViewState, ShowsTheCrownTowardTheEyeLitFromTheFront) {
