@@ -8,5 +8,6 @@ namespace kirameki::cli {
 int RunTables(Arguments& args);
 int RunModel(Arguments& args);
 int RunPreview(Arguments& args);
+int RunRender(Arguments& args);
 
 }  // namespace kirameki::cli

@@ -1,6 +1,7 @@
 #include <exception>
 #include <iostream>
 #include <string_view>
+#include <utility>
 
 #include "cli/commands.h"
 
@@ -11,7 +12,10 @@ constexpr const char* kUsage =
     "commands:\n"
     "  tables                       the stone, colour, cut and polygon colour tables (JSON)\n"
     "  model --cut K (--json | --obj FILE)   the polyhedron of one cut\n"
-    "  preview --cut K --out FILE.png [--size PX] [--tilt DEG] [--spin DEG]\n";
+    "  preview --cut K --out FILE.png [--size PX] [--tilt DEG] [--spin DEG]\n"
+    "  render --out FILE.png [--settings FILE] [--stone S] [--cut K] [--colour C] [--index N]\n"
+    "         [--size PX] [--depth D] [--hq] [--fire on|off] [--turn ID:ROUNDS]... [--threads N]\n"
+    "         [--repeat N]\n";
 
 }  // namespace
 
@@ -24,12 +28,15 @@ int main(int argc, char** argv) {
     const std::string_view command = argv[1];
     Arguments args(argc, argv, 2);
     try {
-        if (command == "tables")
-            return RunTables(args);
-        if (command == "model")
-            return RunModel(args);
-        if (command == "preview")
-            return RunPreview(args);
+        using Command = int (*)(Arguments&);
+        static const std::pair<std::string_view, Command> kCommands[] = {
+            {"tables", RunTables},
+            {"model", RunModel},
+            {"preview", RunPreview},
+            {"render", RunRender},
+        };
+        for (const auto& [name, run] : kCommands)
+            if (command == name) return run(args);
         if (command == "--help" || command == "help") {
             std::cout << kUsage;
             return 0;

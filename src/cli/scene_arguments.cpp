@@ -1,8 +1,12 @@
 #include "cli/scene_arguments.h"
 
+#include <algorithm>
 #include <filesystem>
 
-#include "cli/cli_arguments.h"
+#include "model/model_builder.h"
+#include "model/stone_choice.h"
+#include "model/stone_tables.h"
+#include "render/rotation_steps.h"
 
 namespace kirameki::cli {
 
@@ -13,6 +17,103 @@ AppSettings LoadSettingsArgument(const std::string& path) {
     AppSettings settings;
     LoadSettings(path, settings, {});
     return settings;
+}
+
+SceneArguments::SceneArguments() { LoadDefaults(settings, {}); }
+
+bool SceneArguments::Take(std::string_view flag, Arguments& args) {
+    AppSettings& s = settings;
+    if (flag == "--settings") {
+        s = LoadSettingsArgument(args.Value(flag));
+    } else if (flag == "--stone") {
+        StoneChoice choice;
+        SelectStone(choice, args.IntValue(flag, 0, kStoneCount - 1));
+        s.stone = choice.stone;
+        s.model = choice.model;
+        s.stoneColour = choice.colour;
+        s.refractiveIndex = choice.refractiveIndex;
+    } else if (flag == "--cut") {
+        const int cut = args.IntValue(flag, 0, kCutListSize - 1);
+        if (!HasGenerator(cut)) throw UsageError("--cut 22 is the separator line of the cut list");
+        s.model = cut;
+    } else if (flag == "--colour") {
+        s.stoneColour = args.IntValue(flag, 0, kColourCount - 1);
+    } else if (flag == "--index") {
+        s.refractiveIndex = args.DoubleValue(flag, kMinRefractiveIndex, kMaxRefractiveIndex);
+    } else if (flag == "--size") {
+        s.imageSize = args.IntValue(flag, 32, 512);
+    } else if (flag == "--depth") {
+        s.recursionDepth = args.IntValue(flag, 1, 20);
+    } else if (flag == "--hq") {
+        s.option4 = 1;
+    } else if (flag == "--fire") {
+        const std::string value = args.Value(flag);
+        if (value != "on" && value != "off") throw UsageError("--fire takes on or off");
+        s.option5 = value == "on";
+    } else if (flag == "--turn") {
+        const std::string value = args.Value(flag);
+        const auto colon = value.find(':');
+        const auto id = ParseInt(std::string_view(value).substr(0, colon));
+        const auto rounds = colon == std::string::npos
+                                ? std::optional<int>()
+                                : ParseInt(std::string_view(value).substr(colon + 1));
+        if (!id || !rounds || *id < 1006 || *id > 1015 || *rounds < 0 || *rounds > 100000)
+            throw UsageError("--turn takes ID:ROUNDS with ID 1006..1015, not '" + value + "'");
+        turns.emplace_back(*id, *rounds);
+    } else if (flag == "--threads") {
+        threads = args.IntValue(flag, 1, 256);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+RenderParameters SceneArguments::Parameters() const {
+    const AppSettings& s = settings;
+    if (!IsStoneIndex(s.stone))
+        throw UsageError("the settings hold stone " + std::to_string(s.stone) +
+                         ", which the stone table does not have");
+    if (!IsColourIndex(s.stoneColour))
+        throw UsageError("the settings hold colour " + std::to_string(s.stoneColour) +
+                         ", which the colour table does not have");
+    if (!RefractiveIndexInRange(s.refractiveIndex))
+        throw UsageError(std::string(kRefractiveIndexRangeMessage));
+    if (s.imageSize < 32 || s.imageSize > 512)
+        throw UsageError("the image size must be 32 to 512 pixels, not " +
+                         std::to_string(s.imageSize));
+    RenderParameters p;
+    p.stoneColour = Colours()[s.stoneColour].absorption;
+    p.stoneIndex = s.refractiveIndex;
+    p.fireSpread = Stones()[s.stone].coefficient;
+    p.depth = std::clamp(s.recursionDepth, 1, 20);
+    p.highQuality = s.option4 != 0;
+    p.fire = s.option5 != 0;
+    p.backColour = {s.backColour[0], s.backColour[1], s.backColour[2]};
+    p.lightVolumes = {std::clamp(s.mainLightVolume, 0, 200), std::clamp(s.backLightVolume, 0, 200),
+                      std::clamp(s.fillLightVolume, 0, 200)};
+    p.narrowMainLight = s.lightOption;
+    p.threads = threads;
+    return p;
+}
+
+ViewState SceneArguments::Orientation() const {
+    ViewState state = InitialViewState();
+    for (const auto& [id, rounds] : turns) {
+        const RotationKind kind = ClassifyRotation(id);
+        const auto step = StepFrame(kind);
+        if (!step) continue;
+        for (int i = 0; i < rounds; ++i) {
+            if (kind.light) {
+                RotationStep(state.light, *step);
+            } else if (settings.ObjectWiseMode) {
+                LocalRotationStep(state.object, *step);
+            } else {
+                RotationStep(state.view, *step);
+            }
+        }
+        state.LightDirection = LightDirectionOf(state.light);
+    }
+    return state;
 }
 
 }  // namespace kirameki::cli

@@ -1,13 +1,40 @@
 #pragma once
 
 #include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
+#include "cli/cli_arguments.h"
 #include "output/app_settings.h"
+#include "render/frame_renderer.h"
+#include "render/view_state.h"
 
 namespace kirameki::cli {
 
 // The settings file named on the command line; a file that does not exist is bad input
 // (the viewer would fall back to the defaults, but here it is most likely a typing error).
 AppSettings LoadSettingsArgument(const std::string& path);
+
+// The scene a headless command renders: it starts from the settings file given (or the
+// defaults) in the orientation the viewer first shows, and the scene flags override it in
+// the order given.
+struct SceneArguments {
+    AppSettings settings;
+    std::vector<std::pair<int, int>> turns;  // rotation identifier, rounds
+    int threads = 0;
+
+    SceneArguments();
+
+    // Takes one scene flag and its value; false when the flag is not a scene flag.
+    bool Take(std::string_view flag, Arguments& args);
+
+    // The render parameters of the scene; bad input (a stone or colour no table holds)
+    // throws UsageError.
+    RenderParameters Parameters() const;
+
+    // The orientation after the turns, applied as the rotation buttons apply them.
+    ViewState Orientation() const;
+};
 
 }  // namespace kirameki::cli

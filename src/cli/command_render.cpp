@@ -1,0 +1,82 @@
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "cli/commands.h"
+#include "cli/scene_arguments.h"
+#include "model/model_builder.h"
+#include "output/png_writer.h"
+#include "render/frame_renderer.h"
+#include "render/preview_geometry.h"
+
+namespace kirameki::cli {
+
+namespace {
+
+class SilentSink : public RenderSink {
+public:
+    void RenderStarted() override {}
+    void RenderProgress(int) override {}
+    void RowsRendered(const FrameImage&, int, int) override {}
+    void RenderFinished() override {}
+};
+
+}  // namespace
+
+int RunRender(Arguments& args) {
+    SceneArguments scene;
+    std::string out;
+    int repeat = 1;
+    while (!args.Done()) {
+        const std::string_view flag = args.Flag();
+        if (scene.Take(flag, args)) continue;
+        if (flag == "--out") {
+            out = args.Value(flag);
+        } else if (flag == "--repeat") {
+            repeat = args.IntValue(flag, 1, 1000);
+        } else if (flag == "--format") {
+            if (args.IntValue(flag, 1, 7) != 4)
+                throw UsageError("--format: only 4 (PNG 24-bit) is available in this build");
+        } else {
+            throw UsageError("render: unknown option " + std::string(flag));
+        }
+    }
+    if (out.empty()) throw UsageError("usage: kirameki-cli render --out FILE.png [scene flags]");
+    const RenderParameters parameters = scene.Parameters();
+    if (!HasGenerator(scene.settings.model))
+        throw UsageError("the settings hold cut " + std::to_string(scene.settings.model) +
+                         ", which the cut list does not have");
+
+    auto model = std::make_unique<GemModel>();
+    BuildModel(scene.settings.model, scene.settings.modelParameters, *model);
+    const ViewState view = scene.Orientation();
+    TransformVertices(view, *model);
+    WriteAllFaceData(*model);
+
+    auto work = std::make_unique<TracerWorkAreas>();
+    const RenderGeometry geometry{scene.settings.imageSize, ScaleForSize(scene.settings.imageSize)};
+    FrameImage image;
+    SilentSink sink;
+    std::vector<double> times;
+    for (int i = 0; i < repeat; ++i) {
+        const auto start = std::chrono::steady_clock::now();
+        RenderFrame(parameters, *model, view.LightDirection, geometry, *work, image, sink, {});
+        times.push_back(
+            std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
+                .count());
+    }
+    std::nth_element(times.begin(), times.begin() + times.size() / 2, times.end());
+    std::string error;
+    if (!WritePng24(out, image, error)) {
+        std::cerr << "kirameki-cli: " << error << "\n";
+        return 1;
+    }
+    std::printf("frame: %.1f ms\n", times[times.size() / 2]);
+    return 0;
+}
+
+}  // namespace kirameki::cli

@@ -1,0 +1,253 @@
+#include "render/frame_renderer.h"
+
+#include <algorithm>
+#include <cmath>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+#include "render/optics.h"
+
+namespace kirameki {
+
+namespace {
+
+constexpr double kRayStartZ = -1.1;
+constexpr double kHighlightGain = 1000.0;
+constexpr double kColourGain = 1600.0;
+constexpr double kFloor = 20.0;
+constexpr double kColourCap = 240.0;
+constexpr double kPixelCap = 255.0;
+
+int ClampByte(long value) { return int(std::clamp(value, 0L, 255L)); }
+
+// Renders the pixels of one row of the working picture.
+class RowRenderer {
+public:
+    RowRenderer(const RenderParameters& p, const TraceScene& scene, FrameImage& image, int scale)
+        : p_(p),
+          scene_(scene),
+          image_(image),
+          centreX_(std::lround(image.Width() * 0.5)),
+          centreY_(std::lround(image.Height() * 0.5)),
+          scale_(double(scale)),
+          r0_(optics::NormalReflectance(p.outerIndex, p.stoneIndex)) {}
+
+    void Render(int py) const {
+        const double oy = -double(py - centreY_) / scale_;
+        for (int px = 0; px < image_.Width(); ++px) {
+            const Vec3 origin = {double(px - centreX_) / scale_, oy, kRayStartZ};
+            image_.SetPixel(px, py, p_.fire ? FirePixel(origin) : PlainPixel(origin));
+        }
+    }
+
+private:
+    std::uint32_t PlainPixel(Vec3 origin) const {
+        TraceResults r;
+        const bool hit = Trace_TraceVector(origin, {0, 0, 1}, p_.outerIndex, p_.stoneIndex, 0,
+                                           r0_, scene_, r) != 0;
+        return MapPixel(hit, r.out4, r.out5, r.out6, r.out7, p_.backColour);
+    }
+
+    // Three samples at 1 - spread, 1 and 1 + spread times the index, weighted per channel.
+    // Sampling stops at the first miss; if the last sample made missed, the pixel is the
+    // back colour even when earlier samples hit.
+    std::uint32_t FirePixel(Vec3 origin) const {
+        const double half = (kFireSamples - 1) / 2.0;
+        double sums[3] = {0.0, 0.0, 0.0};
+        TraceResults r;
+        bool hit = false;
+        for (int i = 0; i < kFireSamples; ++i) {
+            const double factor = (i - half) * (p_.fireSpread / half) + 1.0;
+            hit = Trace_TraceVector(origin, {0, 0, 1}, p_.outerIndex, p_.stoneIndex * factor, 0,
+                                    r0_, scene_, r) != 0;
+            if (!hit) break;
+            sums[0] += r.out5 * kFireWeights[i][0];
+            sums[1] += r.out6 * kFireWeights[i][1];
+            sums[2] += r.out7 * kFireWeights[i][2];
+        }
+        return MapPixel(hit, r.out4, sums[0], sums[1], sums[2], p_.backColour);
+    }
+
+    const RenderParameters& p_;
+    const TraceScene& scene_;
+    FrameImage& image_;
+    long centreX_;
+    long centreY_;
+    double scale_;
+    double r0_;
+};
+
+// Runs the rows on worker threads, released one at a time in order from the calling
+// thread, which polls for an abort before each row and reports the rows as they complete.
+// At most a few rows are under way at once, so an abort stops the render promptly.
+class RowScheduler {
+public:
+    RowScheduler(int rows, int threads, const RowRenderer& renderer)
+        : rows_(rows), done_(std::size_t(rows), 0), renderer_(renderer) {
+        for (int i = 0; i < threads; ++i) workers_.emplace_back([this] { Work(); });
+    }
+    ~RowScheduler() {
+        {
+            std::lock_guard lock(mutex_);
+            stopping_ = true;
+        }
+        wake_.notify_all();
+        for (std::thread& worker : workers_) worker.join();
+    }
+
+    // Waits until fewer than `window` released rows are unfinished, then releases one more.
+    void Release(int window) {
+        std::unique_lock lock(mutex_);
+        progressed_.wait(lock, [&] { return released_ - completed_ < window; });
+        ++released_;
+        wake_.notify_one();
+    }
+
+    // Waits until every released row is finished.
+    void Drain() {
+        std::unique_lock lock(mutex_);
+        progressed_.wait(lock, [&] { return completed_ == released_; });
+    }
+
+    // The count of finished rows and the length of the finished run from the top.
+    void Finished(int& completed, int& prefix) {
+        std::lock_guard lock(mutex_);
+        while (prefix_ < rows_ && done_[prefix_]) ++prefix_;
+        completed = completed_;
+        prefix = prefix_;
+    }
+
+private:
+    void Work() {
+        for (;;) {
+            int row;
+            {
+                std::unique_lock lock(mutex_);
+                wake_.wait(lock, [&] { return taken_ < released_ || stopping_; });
+                if (taken_ >= released_) return;
+                row = taken_++;
+            }
+            renderer_.Render(row);
+            {
+                std::lock_guard lock(mutex_);
+                done_[row] = 1;
+                ++completed_;
+            }
+            progressed_.notify_all();
+        }
+    }
+
+    const int rows_;
+    std::vector<char> done_;
+    const RowRenderer& renderer_;
+    std::mutex mutex_;
+    std::condition_variable wake_;
+    std::condition_variable progressed_;
+    int released_ = 0;
+    int taken_ = 0;
+    int completed_ = 0;
+    int prefix_ = 0;
+    bool stopping_ = false;
+    std::vector<std::thread> workers_;
+};
+
+int ThreadCount(int requested) {
+    if (requested > 0) return requested;
+    return std::max(1, int(std::thread::hardware_concurrency()));
+}
+
+}  // namespace
+
+int ScaleForSize(int size) { return int(std::lround((size - 19) * 0.5)); }
+
+std::uint32_t MapPixel(bool hit, double highlight, double red, double green, double blue,
+                       const std::array<std::int32_t, 3>& backColour) {
+    if (!hit) return PackRgb(ClampByte(backColour[0]), ClampByte(backColour[1]),
+                             ClampByte(backColour[2]));
+    const double h = highlight * kHighlightGain + kFloor;
+    int channels[3];
+    const double intensities[3] = {red, green, blue};
+    for (int c = 0; c < 3; ++c) {
+        double v = intensities[c] * kColourGain + kFloor;
+        if (v > kColourCap) v = kColourCap;
+        if (v < 0.0) v = 0.0;
+        v += h;
+        if (v > kPixelCap) v = kPixelCap;
+        channels[c] = int(std::lround(v));
+    }
+    return PackRgb(channels[0], channels[1], channels[2]);
+}
+
+int RenderFrame(const RenderParameters& parameters, const GemModel& model, Vec3 lightDirection,
+                const RenderGeometry& geometry, TracerWorkAreas& work, FrameImage& image,
+                RenderSink& sink, const AbortPoll& abortPoll) {
+    TraceScene scene;
+    scene.lightDirection = lightDirection;
+    scene.faceCount = model.FaceCount;
+    scene.faceTable = model.FaceTable.data();
+    scene.work = &work;
+    scene.vertexCount = model.VertexCount;
+    scene.viewVertices = model.ViewVertices.data();
+    scene.depth = parameters.depth;
+    scene.stoneColour = parameters.stoneColour;
+    scene.backColour = parameters.backColour;
+    scene.lightVolumes = parameters.lightVolumes;
+    scene.narrowMainLight = parameters.narrowMainLight;
+    PrepareTracer(scene);
+
+    const int size = geometry.size;
+    if (image.Width() != size || image.Height() != size) image.Create(size, size);
+    sink.RenderStarted();
+    sink.RenderProgress(0);
+
+    // High quality renders at twice the size and scale and shrinks the picture at the end.
+    const int factor = parameters.highQuality ? 2 : 1;
+    FrameImage large;
+    if (factor == 2) large.Create(2 * size, 2 * size);
+    FrameImage& target = factor == 2 ? large : image;
+    const int rows = target.Height();
+    const int scale = int(std::lround(geometry.scale * double(factor)));
+    const RowRenderer renderer(parameters, scene, target, scale);
+
+    bool aborted = false;
+    int lastPercent = 0, shown = 0;
+    const auto report = [&](int completed, int prefix) {
+        const int percent = int(std::lround((completed * 100.0) / rows));
+        if (percent > lastPercent) {
+            sink.RenderProgress(percent);
+            lastPercent = percent;
+        }
+        if (factor == 1 && prefix > shown) {
+            sink.RowsRendered(image, shown, prefix - 1);
+            shown = prefix;
+        }
+    };
+    {
+        const int threads = ThreadCount(parameters.threads);
+        RowScheduler scheduler(rows, threads, renderer);
+        for (int py = 0; py < rows; ++py) {
+            int completed, prefix;
+            scheduler.Finished(completed, prefix);
+            report(completed, prefix);
+            if (abortPoll && abortPoll()) {
+                aborted = true;
+                break;
+            }
+            scheduler.Release(2 * threads);
+        }
+        scheduler.Drain();
+        int completed, prefix;
+        scheduler.Finished(completed, prefix);
+        report(completed, prefix);
+    }
+    if (factor == 2) {
+        large.ReduceByHalf(image);
+        sink.RowsRendered(image, 0, size - 1);
+    }
+    sink.RenderFinished();
+    return aborted ? 0 : 1;
+}
+
+}  // namespace kirameki

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+
+#include "model/gem_model.h"
+#include "render/frame_image.h"
+#include "render/tracer.h"
+
+namespace kirameki {
+
+// Everything a frame is rendered with, read from the settings and the stone choice at the
+// moment the render starts.
+struct RenderParameters {
+    std::array<double, 3> stoneColour{};  // absorption of the current colour
+    double outerIndex = 1.0;
+    double stoneIndex = 2.42;
+    double fireSpread = 0.025;  // the stone's coefficient
+    std::int32_t depth = 8;     // 1..20
+    bool highQuality = false;
+    bool fire = true;
+    std::array<std::int32_t, 3> backColour{};
+    std::array<std::int32_t, 3> lightVolumes{100, 100, 100};
+    std::int32_t narrowMainLight = 0;
+    int threads = 0;  // 0: every core
+};
+
+// The picture's size and scale: a square of `size` pixels, `scale` pixels per model unit.
+struct RenderGeometry {
+    int size = 270;
+    int scale = 126;
+};
+
+// The three notifications of a render, always called on the thread that runs RenderFrame.
+class RenderSink {
+public:
+    virtual ~RenderSink() = default;
+    virtual void RenderStarted() = 0;
+    virtual void RenderProgress(int percent) = 0;
+    // Rows first..last (inclusive, from the top) of the picture are final. Called as rows
+    // complete, top to bottom, except in high quality, which shows the picture at the end.
+    virtual void RowsRendered(const FrameImage& image, int first, int last) = 0;
+    virtual void RenderFinished() = 0;
+};
+
+// Called once per row before the row is rendered; answers true when an abort was asked for.
+using AbortPoll = std::function<bool()>;
+
+// Pixel scale of a picture of the given size: round((size - 19) * 0.5).
+int ScaleForSize(int size);
+
+// The fire samples: index factors 1 - spread, 1, 1 + spread and their channel weights.
+inline constexpr int kFireSamples = 3;
+inline constexpr double kFireWeights[kFireSamples][3] = {
+    {0.6, 0.25, 0.0},
+    {0.15, 0.5, 0.0},
+    {0.25, 0.25, 1.0},
+};
+
+// One pixel's colour (red | green << 8 | blue << 16) from the tracer's results; `hit`
+// false gives the back colour as it stands.
+std::uint32_t MapPixel(bool hit, double highlight, double red, double green, double blue,
+                       const std::array<std::int32_t, 3>& backColour);
+
+// Ray-traces the model (view vertices and face data of the current orientation) into the
+// image, which is resized to the geometry's size when it differs. Returns 1 when every row
+// was rendered and 0 after an abort; the image then holds the partial picture. The picture
+// is the same whatever the number of threads.
+int RenderFrame(const RenderParameters& parameters, const GemModel& model, Vec3 lightDirection,
+                const RenderGeometry& geometry, TracerWorkAreas& work, FrameImage& image,
+                RenderSink& sink, const AbortPoll& abortPoll);
+
+}  // namespace kirameki

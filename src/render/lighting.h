@@ -1,0 +1,79 @@
+#pragma once
+
+#include <array>
+#include <cmath>
+
+#include "render/tracer.h"
+
+namespace kirameki {
+
+// The light around the stone, as seen along a direction leaving it. Three lights, each
+// scaled by its volume in percent:
+// - the main light, a broad soft light travelling along the light direction (a jeweller's
+//   lamp above and in front of the stone), whose mirror image is the white highlight;
+// - the back light, behind the stone, seen by rays that leave it away from the viewer;
+// - the fill light, a dim even light from everywhere, a little brighter from above.
+// The back colour tints the light arriving from nowhere in particular. Values are in the
+// units of the frame renderer's colour gain: about 0.14 reads as full brightness.
+class Lighting {
+public:
+    explicit Lighting(const TraceScene& scene)
+        : toLight_(-scene.lightDirection),
+          main_(kMainPeak * scene.lightVolumes[0] / 100.0),
+          back_(kBackPeak * scene.lightVolumes[1] / 100.0),
+          fill_(kFillLevel * scene.lightVolumes[2] / 100.0),
+          highlightExponent_(scene.narrowMainLight ? kNarrowHighlightExponent
+                                                   : kHighlightExponent) {
+        for (int c = 0; c < 3; ++c) backColour_[c] = kBackColourGain * scene.backColour[c] / 255.0;
+    }
+
+    // The main light's mirror image in a surface reflecting toward `reflected`, 0..volume.
+    double Highlight(Vec3 reflected) const {
+        const double facing = Dot(reflected, toLight_);
+        return facing > 0.0 ? (main_ / kMainPeak) * std::pow(facing, highlightExponent_) : 0.0;
+    }
+
+    // What a surface reflection shows besides the highlight.
+    std::array<double, 3> Surroundings(Vec3 e) const {
+        const double even = back_ * Back(e) + fill_ * Fill(e);
+        return {even + backColour_[0], even + backColour_[1], even + backColour_[2]};
+    }
+
+    // All the light arriving along -e, for a ray leaving the stone along e.
+    std::array<double, 3> Radiance(Vec3 e) const {
+        const double facing = std::max(Dot(e, toLight_), 0.0);
+        const double f2 = facing * facing;
+        const double key = main_ * f2 * f2 * f2;  // a soft lamp: cos^6 about its axis
+        std::array<double, 3> light = Surroundings(e);
+        for (double& channel : light) channel += key;
+        return light;
+    }
+
+    // The mean light over all directions, for light whose path is not followed to the end.
+    std::array<double, 3> Average() const {
+        // cos^6 averaged over the sphere is 1/14; the back light's squared cosine 1/6.
+        const double even = main_ / 14.0 + back_ / 6.0 + fill_ * 0.625;
+        return {even + backColour_[0], even + backColour_[1], even + backColour_[2]};
+    }
+
+private:
+    static constexpr double kMainPeak = 0.30;
+    static constexpr double kBackPeak = 0.05;
+    static constexpr double kFillLevel = 0.025;
+    static constexpr double kBackColourGain = 0.08;
+    static constexpr double kHighlightExponent = 120.0;
+    static constexpr double kNarrowHighlightExponent = 800.0;
+
+    // Behind the stone: rays leaving away from the viewer (+z).
+    static double Back(Vec3 e) { return e.z > 0.0 ? e.z * e.z : 0.0; }
+    static double Fill(Vec3 e) { return 0.5 + 0.5 * std::max(e.y, 0.0); }
+
+    Vec3 toLight_;
+    double main_;
+    double back_;
+    double fill_;
+    double highlightExponent_;
+    std::array<double, 3> backColour_{};
+};
+
+}  // namespace kirameki

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "model/gem_model.h"
+
+namespace kirameki {
+
+// The face planes in structure-of-arrays form for the intersection loop, copied once per
+// frame from the face table. Padding planes (normal 0, offset -1) never limit a ray.
+struct TracerFaceArea {
+    static constexpr int kCapacity = kMaxFaces + 8;
+    alignas(64) std::array<double, kCapacity> nx{};
+    alignas(64) std::array<double, kCapacity> ny{};
+    alignas(64) std::array<double, kCapacity> nz{};
+    alignas(64) std::array<double, kCapacity> offset{};  // n . v0: inside means n . p >= offset
+    int faceCount = 0;
+    int paddedCount = 0;
+};
+
+// Per-vertex scratch of the tracing contract. The polyhedron tracer needs only the planes,
+// so these stay unused; they keep the contract's shape for callers.
+struct TracerVertexArea {
+    std::array<double, 3 * kMaxVertices> values{};
+};
+
+// The caller-owned work areas, zero-initialised, living as long as the program.
+struct TracerWorkAreas {
+    TracerFaceArea faces;
+    TracerVertexArea vertices1;
+    TracerVertexArea vertices2;
+};
+
+// Everything a ray is traced against that stays the same for a whole frame.
+struct TraceScene {
+    Vec3 lightDirection;  // the direction the main light travels, unit length
+    std::int32_t faceCount = 0;
+    const FaceRecord* faceTable = nullptr;
+    TracerWorkAreas* work = nullptr;
+    std::int32_t vertexCount = 0;
+    const Vec3* viewVertices = nullptr;
+    std::int32_t reserved = 0;
+    std::int32_t depth = 8;                      // recursion depth, 1..20
+    std::array<double, 3> stoneColour{};         // absorption of red, green, blue
+    std::array<std::int32_t, 3> backColour{};    // 0..255
+    std::array<std::int32_t, 3> lightVolumes{};  // main, back, fill, percent 0..200
+    std::int32_t narrowMainLight = 0;
+};
+
+// The eight results of one ray.
+struct TraceResults {
+    double out1 = 0.0;  // distance along the ray to the stone's surface (0 on a miss)
+    double out2 = 0.0;  // the face the ray entered through (-1 on a miss)
+    double out3 = 0.0;  // the number of segments traced inside the stone
+    double out4 = 0.0;  // the main light's white highlight, reflected at the entry face
+    double out5 = 0.0;  // red light leaving the stone toward the eye
+    double out6 = 0.0;  // green
+    double out7 = 0.0;  // blue
+    double out8 = 0.0;  // total path length inside the stone
+};
+
+// Copies the face planes of the current orientation into the work area. Run once per
+// frame, after the face data have been written for that orientation.
+void PrepareTracer(TraceScene& scene);
+
+// Traces one ray against the stone. Returns non-zero when the ray enters the stone and 0
+// when it misses; the results are written in both cases. outerIndex and stoneIndex are the
+// refractive indices outside and inside; normalReflectance the reflectance at normal
+// incidence; startLevel the recursion level the ray starts at.
+int Trace_TraceVector(Vec3 origin, Vec3 direction, double outerIndex, double stoneIndex,
+                      int startLevel, double normalReflectance, const TraceScene& scene,
+                      TraceResults& results);
+
+}  // namespace kirameki
