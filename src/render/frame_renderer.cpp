@@ -50,24 +50,13 @@ private:
         return MapPixel(hit, r.out4, r.out5, r.out6, r.out7, p_.backColour);
     }
 
-    // Three samples at 1 - spread, 1 and 1 + spread times the index, weighted per channel.
-    // Sampling stops at the first miss; if the last sample made missed, the pixel is the
-    // back colour even when earlier samples hit.
     std::uint32_t FirePixel(Vec3 origin) const {
-        const double half = (kFireSamples - 1) / 2.0;
-        double sums[3] = {0.0, 0.0, 0.0};
-        TraceResults r;
-        bool hit = false;
-        for (int i = 0; i < kFireSamples; ++i) {
-            const double factor = (i - half) * (p_.fireSpread / half) + 1.0;
-            hit = Trace_TraceVector(origin, {0, 0, 1}, p_.outerIndex, p_.stoneIndex * factor, 0,
-                                    r0_, scene_, r) != 0;
-            if (!hit) break;
-            sums[0] += r.out5 * kFireWeights[i][0];
-            sums[1] += r.out6 * kFireWeights[i][1];
-            sums[2] += r.out7 * kFireWeights[i][2];
-        }
-        return MapPixel(hit, r.out4, sums[0], sums[1], sums[2], p_.backColour);
+        return kirameki::FirePixel(
+            [&](double index, TraceResults& r) {
+                return Trace_TraceVector(origin, {0, 0, 1}, p_.outerIndex, index, 0, r0_, scene_,
+                                         r) != 0;
+            },
+            p_.stoneIndex, p_.fireSpread, p_.backColour);
     }
 
     const RenderParameters& p_;

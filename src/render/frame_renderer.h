@@ -63,6 +63,28 @@ inline constexpr double kFireWeights[kFireSamples][3] = {
 std::uint32_t MapPixel(bool hit, double highlight, double red, double green, double blue,
                        const std::array<std::int32_t, 3>& backColour);
 
+// One pixel with fire: the tracer is called at the index times 1 - spread, 1 and
+// 1 + spread, its colours weighted per channel; sampling stops at the first miss, and if the
+// last sample made missed the pixel is the back colour even when earlier samples hit. The
+// highlight is the last sample's. `trace(index, results)` answers whether the ray hit.
+template <typename Trace>
+std::uint32_t FirePixel(Trace&& trace, double stoneIndex, double spread,
+                        const std::array<std::int32_t, 3>& backColour) {
+    const double half = (kFireSamples - 1) / 2.0;
+    double sums[3] = {0.0, 0.0, 0.0};
+    TraceResults r;
+    bool hit = false;
+    for (int i = 0; i < kFireSamples; ++i) {
+        const double factor = (i - half) * (spread / half) + 1.0;
+        hit = trace(stoneIndex * factor, r);
+        if (!hit) break;
+        sums[0] += r.out5 * kFireWeights[i][0];
+        sums[1] += r.out6 * kFireWeights[i][1];
+        sums[2] += r.out7 * kFireWeights[i][2];
+    }
+    return MapPixel(hit, r.out4, sums[0], sums[1], sums[2], backColour);
+}
+
 // Ray-traces the model (view vertices and face data of the current orientation) into the
 // image, which is resized to the geometry's size when it differs. Returns 1 when every row
 // was rendered and 0 after an abort; the image then holds the partial picture. The picture

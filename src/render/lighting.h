@@ -29,8 +29,11 @@ public:
 
     // The main light's mirror image in a surface reflecting toward `reflected`, 0..volume.
     double Highlight(Vec3 reflected) const {
+        // Below this the lobe is under a millionth of its peak: skip the power.
         const double facing = Dot(reflected, toLight_);
-        return facing > 0.0 ? (main_ / kMainPeak) * std::pow(facing, highlightExponent_) : 0.0;
+        return facing > kHighlightCutoff
+                   ? (main_ / kMainPeak) * std::pow(facing, highlightExponent_)
+                   : 0.0;
     }
 
     // What a surface reflection shows besides the highlight.
@@ -63,6 +66,7 @@ private:
     static constexpr double kBackColourGain = 0.08;
     static constexpr double kHighlightExponent = 120.0;
     static constexpr double kNarrowHighlightExponent = 800.0;
+    static constexpr double kHighlightCutoff = 0.89;  // 0.89^120 is about 1e-6
 
     // Behind the stone: rays leaving away from the viewer (+z).
     static double Back(Vec3 e) { return e.z > 0.0 ? e.z * e.z : 0.0; }

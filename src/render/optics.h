@@ -50,4 +50,28 @@ inline bool Refract(Vec3 d, Vec3 n, double eta, Vec3& out) {
     return true;
 }
 
+// One crossing of a surface by unit direction d, n the unit normal pointing into the new
+// medium: Fresnel's reflectance and, unless all light reflects, Snell's refracted direction,
+// sharing one square root.
+struct Split {
+    double reflectance = 1.0;
+    bool refracted = false;
+    Vec3 direction;
+};
+
+inline Split SplitAt(Vec3 d, Vec3 n, double n1, double n2) {
+    const double cosI = Dot(d, n);
+    const double eta = n1 / n2;
+    const double sin2t = eta * eta * (1.0 - cosI * cosI);
+    Split split;
+    if (sin2t >= 1.0) return split;
+    const double cosT = std::sqrt(1.0 - sin2t);
+    const double rs = (n1 * cosI - n2 * cosT) / (n1 * cosI + n2 * cosT);
+    const double rp = (n1 * cosT - n2 * cosI) / (n1 * cosT + n2 * cosI);
+    split.reflectance = 0.5 * (rs * rs + rp * rp);
+    split.refracted = true;
+    split.direction = d * eta + n * (cosT - eta * cosI);
+    return split;
+}
+
 }  // namespace kirameki::optics

@@ -8,15 +8,21 @@
 namespace kirameki {
 
 // The face planes in structure-of-arrays form for the intersection loop, copied once per
-// frame from the face table. Padding planes (normal 0, offset -1) never limit a ray.
+// frame from the face table: in double precision for the geometry, and in single precision
+// for the search over all planes, which runs eight planes to a vector. Padding planes
+// (normal 0, offset -1) never limit a ray.
 struct TracerFaceArea {
-    static constexpr int kCapacity = kMaxFaces + 8;
+    static constexpr int kCapacity = kMaxFaces + 16;
     alignas(64) std::array<double, kCapacity> nx{};
     alignas(64) std::array<double, kCapacity> ny{};
     alignas(64) std::array<double, kCapacity> nz{};
     alignas(64) std::array<double, kCapacity> offset{};  // n . v0: inside means n . p >= offset
+    alignas(64) std::array<float, kCapacity> fx{};
+    alignas(64) std::array<float, kCapacity> fy{};
+    alignas(64) std::array<float, kCapacity> fz{};
+    alignas(64) std::array<float, kCapacity> foffset{};
     int faceCount = 0;
-    int paddedCount = 0;
+    int paddedCount = 0;  // a multiple of 16
 };
 
 // Per-vertex scratch of the tracing contract. The polyhedron tracer needs only the planes,
