@@ -1,0 +1,166 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <memory>
+
+#include "model/model_builder.h"
+#include "render/lighting.h"
+#include "render/optics.h"
+#include "render/preview_geometry.h"
+#include "render/tracer.h"
+#include "render/view_state.h"
+
+namespace kirameki {
+namespace {
+
+constexpr double kPi = 3.14159265358979323846;
+
+TEST(Optics, FresnelStartsAtR0AndReflectsEverythingPastTheCriticalAngle) {
+    const double n = 2.42;
+    EXPECT_NEAR(optics::FresnelReflectance(1.0, n, 1.0), optics::NormalReflectance(n, 1.0), 1e-15);
+    EXPECT_NEAR(optics::NormalReflectance(1.0, n), 0.1724, 1e-4);
+    const double critical = std::asin(1.0 / n);  // 24.4 degrees
+    EXPECT_NEAR(critical * 180.0 / kPi, 24.4, 0.05);
+    EXPECT_LT(optics::FresnelReflectance(std::cos(critical - 1e-3), n, 1.0), 1.0);
+    EXPECT_EQ(optics::FresnelReflectance(std::cos(critical + 1e-3), n, 1.0), 1.0);
+    // Lifted to a given R0, the curve still starts there and ends at 1.
+    EXPECT_NEAR(optics::ReflectanceWithR0(1.0, 1.0, 2.3, 0.1724), 0.1724, 1e-12);
+    EXPECT_NEAR(optics::ReflectanceWithR0(1e-9, 1.0, 2.3, 0.1724), 1.0, 1e-6);
+}
+
+TEST(Optics, SnellsLawBendsTowardTheNormalAndSplitAgreesWithTheParts) {
+    const Vec3 n = {0, 0, 1};
+    const double angle = 40.0 * kPi / 180.0;
+    const Vec3 d = {std::sin(angle), 0, std::cos(angle)};
+    Vec3 refracted;
+    ASSERT_TRUE(optics::Refract(d, n, 1.0 / 1.5, refracted));
+    EXPECT_NEAR(refracted.x, std::sin(angle) / 1.5, 1e-15);  // sin t = sin i / 1.5
+    EXPECT_NEAR(Length(refracted), 1.0, 1e-15);
+    const optics::Split split = optics::SplitAt(d, n, 1.0, 1.5);
+    EXPECT_NEAR(split.reflectance, optics::FresnelReflectance(std::cos(angle), 1.0, 1.5), 1e-15);
+    EXPECT_NEAR(split.direction.x, refracted.x, 1e-15);
+    EXPECT_FALSE(optics::Refract({0.9, 0, std::sqrt(1 - 0.81)}, n, 2.42, refracted));
+}
+
+// A stone in view coordinates with its face data written, ready for the tracer.
+struct Stone {
+    std::unique_ptr<GemModel> model = std::make_unique<GemModel>();
+    std::unique_ptr<TracerWorkAreas> work = std::make_unique<TracerWorkAreas>();
+    TraceScene scene;
+
+    Stone(int entry, const ViewState& view, Vec3 light = {0, 0, 1}) {
+        BuildModel(entry, kDefaultModelParameters, *model);
+        TransformVertices(view, *model);
+        WriteAllFaceData(*model);
+        scene.lightDirection = light;
+        scene.faceCount = model->FaceCount;
+        scene.faceTable = model->FaceTable.data();
+        scene.work = work.get();
+        scene.vertexCount = model->VertexCount;
+        scene.viewVertices = model->ViewVertices.data();
+        scene.lightVolumes = {100, 100, 100};
+        PrepareTracer(scene);
+    }
+    int Trace(double x, double y, double index, TraceResults& r) const {
+        return Trace_TraceVector({x, y, -1.1}, {0, 0, 1}, 1.0, index, 0,
+                                 optics::NormalReflectance(1.0, index), scene, r);
+    }
+};
+
+TEST(Tracer, WithEvenLightNoEnergyIsLostWhateverTheDepth) {
+    // Only the back colour lights the scene, the same from everywhere: whatever the ray does
+    // inside a clear stone, reflected plus transmitted light must add up to exactly that.
+    Stone stone(0, InitialViewState());
+    stone.scene.lightVolumes = {0, 0, 0};
+    stone.scene.backColour = {255, 255, 255};
+    const double even = Lighting(stone.scene).Radiance({0, 0, -1})[0];
+    for (int depth : {1, 2, 8, 20}) {
+        stone.scene.depth = depth;
+        for (double x = -0.9; x <= 0.9; x += 0.05)
+            for (double y = -0.9; y <= 0.9; y += 0.07) {
+                TraceResults r;
+                if (!stone.Trace(x, y, 2.42, r)) continue;
+                ASSERT_NEAR(r.out5, even, 1e-12) << depth << " " << x << " " << y;
+                ASSERT_NEAR(r.out7, even, 1e-12);
+            }
+    }
+}
+
+TEST(Tracer, AStoneOfIndexOneWithNoColourLetsTheRayStraightThrough) {
+    Stone stone(20, ViewState{});  // the cube, square on
+    TraceResults r;
+    ASSERT_EQ(stone.Trace(0.1, 0.2, 1.0, r), 1);
+    const std::array<double, 3> behind = Lighting(stone.scene).Radiance({0, 0, 1});
+    EXPECT_NEAR(r.out5, behind[0], 1e-12);
+    EXPECT_NEAR(r.out6, behind[1], 1e-12);
+    EXPECT_EQ(r.out3, 1.0);                             // one segment inside
+    EXPECT_NEAR(r.out8, 2.0 / std::sqrt(3.0), 1e-12);  // the cube's thickness
+    EXPECT_EQ(r.out4, 0.0);                             // no reflection at index 1
+}
+
+TEST(Tracer, ColourAbsorbsMoreOverALongerPath) {
+    Stone stone(20, ViewState{});
+    stone.scene.lightVolumes = {0, 0, 0};
+    stone.scene.backColour = {255, 255, 255};
+    stone.scene.stoneColour = {0.0, 0.03, 0.03};  // "Red"
+    TraceResults thick, thin;
+    ASSERT_TRUE(stone.Trace(0.0, 0.0, 1.0, thick));
+    EXPECT_EQ(thick.out5, Lighting(stone.scene).Radiance({0, 0, 1})[0]);  // red passes
+    // Straight through, green keeps exp(-absorption * 25 * length) of the light.
+    EXPECT_NEAR(thick.out6 / thick.out5, std::exp(-0.03 * 25.0 * thick.out8), 1e-12);
+    Stone octahedron(19, ViewState{});  // thinner toward its edge
+    octahedron.scene = stone.scene;
+    octahedron.scene.work = octahedron.work.get();
+    octahedron.scene.faceTable = octahedron.model->FaceTable.data();
+    octahedron.scene.viewVertices = octahedron.model->ViewVertices.data();
+    octahedron.scene.faceCount = octahedron.model->FaceCount;
+    PrepareTracer(octahedron.scene);
+    ASSERT_TRUE(octahedron.Trace(0.5, 0.0, 1.0, thin));
+    EXPECT_LT(thin.out8, thick.out8);
+    EXPECT_GT(thin.out6, thick.out6);
+}
+
+TEST(Tracer, RaysThroughEdgesAndCornersGiveFiniteLightAndMissesReportZero) {
+    for (int entry : {0, 7, 12, 15, 20}) {
+        Stone stone(entry, InitialViewState(), Normalized({0.3, -0.5, 0.8}));
+        int hits = 0;
+        // Aim at every vertex exactly, and at a fine grid across the whole stone.
+        for (int i = 0; i < stone.model->VertexCount; ++i) {
+            TraceResults r;
+            const Vec3 v = stone.model->ViewVertices[i];
+            stone.Trace(v.x, v.y, 2.42, r);
+            for (double value : {r.out1, r.out3, r.out4, r.out5, r.out6, r.out7, r.out8})
+                ASSERT_TRUE(std::isfinite(value)) << entry;
+        }
+        for (double x = -1.2; x <= 1.2; x += 0.013)
+            for (double y = -1.2; y <= 1.2; y += 0.017) {
+                TraceResults r;
+                const int hit = stone.Trace(x, y, 2.42, r);
+                hits += hit;
+                ASSERT_TRUE(std::isfinite(r.out5) && r.out5 >= 0.0) << entry;
+                if (!hit) {
+                    EXPECT_EQ(r.out5, 0.0);
+                    EXPECT_EQ(r.out2, -1.0);
+                }
+                if (x * x + y * y > 1.0001) {
+                    ASSERT_EQ(hit, 0) << "outside the unit sphere";
+                }
+            }
+        EXPECT_GT(hits, 1000) << entry;
+    }
+}
+
+TEST(Tracer, TotalInternalReflectionKeepsTheLightInsideTheStone) {
+    // Face on, a round brilliant's pavilion sends the light back up by total internal
+    // reflection: the table must not come out dark at the default depth.
+    ViewState faceUp;
+    faceUp.object = MakeFrame({0, -1, 0}, {1, 0, 0});  // crown toward the eye
+    Stone stone(0, faceUp, Normalized({0.0, -0.4, 1.0}));
+    TraceResults r;
+    ASSERT_TRUE(stone.Trace(0.05, 0.1, 2.42, r));
+    EXPECT_GE(r.out3, 2.0);
+    EXPECT_GT(r.out5, 0.02);
+}
+
+}  // namespace
+}  // namespace kirameki
