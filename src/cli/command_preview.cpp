@@ -6,7 +6,7 @@
 #include "cli/commands.h"
 #include "model/model_builder.h"
 #include "model/stone_tables.h"
-#include "output/png_writer.h"
+#include "output/picture_writers.h"
 #include "render/polygon_fill.h"
 #include "render/preview_geometry.h"
 #include "render/rotation_steps.h"

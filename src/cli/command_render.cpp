@@ -9,7 +9,9 @@
 #include "cli/commands.h"
 #include "cli/scene_arguments.h"
 #include "model/model_builder.h"
-#include "output/png_writer.h"
+#include "output/capture_info.h"
+#include "output/path_block.h"
+#include "output/picture_writers.h"
 #include "render/frame_renderer.h"
 #include "render/preview_geometry.h"
 
@@ -31,6 +33,8 @@ int RunRender(Arguments& args) {
     SceneArguments scene;
     std::string out;
     int repeat = 1;
+    int format = 0;
+    bool positionInfo = false;
     while (!args.Done()) {
         const std::string_view flag = args.Flag();
         if (scene.Take(flag, args)) continue;
@@ -39,21 +43,24 @@ int RunRender(Arguments& args) {
         } else if (flag == "--repeat") {
             repeat = args.IntValue(flag, 1, 1000);
         } else if (flag == "--format") {
-            if (args.IntValue(flag, 1, 7) != 4)
-                throw UsageError("--format: only 4 (PNG 24-bit) is available in this build");
+            format = args.IntValue(flag, 1, 7);
+        } else if (flag == "--position-info") {
+            positionInfo = true;
         } else {
             throw UsageError("render: unknown option " + std::string(flag));
         }
     }
-    if (out.empty()) throw UsageError("usage: kirameki-cli render --out FILE.png [scene flags]");
+    if (out.empty()) throw UsageError("usage: kirameki-cli render --out FILE [scene flags]");
+    if (format == 0) {
+        const auto byExtension = PictureFormatForExtension(out);
+        if (!byExtension) throw UsageError("--format is needed for " + out + " (1..7)");
+        format = int(*byExtension);
+    }
     const RenderParameters parameters = scene.Parameters();
-    if (!HasGenerator(scene.settings.model))
-        throw UsageError("the settings hold cut " + std::to_string(scene.settings.model) +
-                         ", which the cut list does not have");
 
     auto model = std::make_unique<GemModel>();
     BuildModel(scene.settings.model, scene.settings.modelParameters, *model);
-    const ViewState view = scene.Orientation();
+    const ViewState& view = scene.view;
     TransformVertices(view, *model);
     WriteAllFaceData(*model);
 
@@ -71,9 +78,22 @@ int RunRender(Arguments& args) {
     }
     std::nth_element(times.begin(), times.begin() + times.size() / 2, times.end());
     std::string error;
-    if (!WritePng24(out, image, error)) {
+    const AppSettings& s = scene.settings;
+    const std::uint32_t background = MapPixel(false, 0, 0, 0, 0, parameters.backColour);
+    FrameImage trimmed;
+    if (s.trimming[4]) trimmed = Trimmed(image, s.trimming[0], s.trimming[1], s.trimming[2], s.trimming[3]);
+    if (!WritePicture(out, s.trimming[4] ? trimmed : image, PictureFormat(format), background,
+                      error)) {
         std::cerr << "kirameki-cli: " << error << "\n";
         return 1;
+    }
+    if (positionInfo) {
+        PathBlock block;
+        ChoosePath(out, block);
+        if (!WriteCaptureInfo(block.fullPath + ".gpi", scene.Scene(), error)) {
+            std::cerr << "kirameki-cli: " << error << "\n";
+            return 1;
+        }
     }
     std::printf("frame: %.1f ms\n", times[times.size() / 2]);
     return 0;

@@ -9,5 +9,8 @@ int RunTables(Arguments& args);
 int RunModel(Arguments& args);
 int RunPreview(Arguments& args);
 int RunRender(Arguments& args);
+int RunSettings(Arguments& args);
+int RunCapture(Arguments& args);
+int RunGif(Arguments& args);
 
 }  // namespace kirameki::cli

@@ -9,13 +9,16 @@ namespace {
 
 constexpr const char* kUsage =
     "usage: kirameki-cli <command> [options]\n"
-    "commands:\n"
-    "  tables                       the stone, colour, cut and polygon colour tables (JSON)\n"
-    "  model --cut K (--json | --obj FILE)   the polyhedron of one cut\n"
-    "  preview --cut K --out FILE.png [--size PX] [--tilt DEG] [--spin DEG]\n"
-    "  render --out FILE.png [--settings FILE] [--stone S] [--cut K] [--colour C] [--index N]\n"
-    "         [--size PX] [--depth D] [--hq] [--fire on|off] [--turn ID:ROUNDS]... [--threads N]\n"
-    "         [--repeat N]\n";
+    "  tables                          the stone, colour, cut and polygon colour tables (JSON)\n"
+    "  model --cut K [--settings FILE] (--json | --obj FILE)\n"
+    "  preview --cut K --out FILE.png [--size PX] [--tilt DEG] [--spin DEG] [--polygon-colour N]\n"
+    "  settings --file FILE (--dump | --write-defaults | --rewrite)\n"
+    "  render --out FILE [--format 1..7] [--position-info] [scene flags] [--repeat N]\n"
+    "  capture --sqi FILE.sqi [--frames N] [scene flags]\n"
+    "  capture --sqi FILE.sqi --resume [--check-existence]\n"
+    "  gif --sqi FILE.sqi --out FILE.gif [--delay T] [--clockwise] [--settings FILE]\n"
+    "scene flags: --settings FILE --position FILE.gpi --stone S --cut K --colour C --index N\n"
+    "             --size PX --depth D --hq --fire on|off --turn ID:ROUNDS --threads N\n";
 
 }  // namespace
 
@@ -34,6 +37,9 @@ int main(int argc, char** argv) {
             {"model", RunModel},
             {"preview", RunPreview},
             {"render", RunRender},
+            {"settings", RunSettings},
+            {"capture", RunCapture},
+            {"gif", RunGif},
         };
         for (const auto& [name, run] : kCommands)
             if (command == name) return run(args);

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "model/model_builder.h"
+#include "output/capture_info.h"
 #include "model/stone_choice.h"
 #include "model/stone_tables.h"
 #include "render/rotation_steps.h"
@@ -59,7 +60,19 @@ bool SceneArguments::Take(std::string_view flag, Arguments& args) {
                                 : ParseInt(std::string_view(value).substr(colon + 1));
         if (!id || !rounds || *id < 1006 || *id > 1015 || *rounds < 0 || *rounds > 100000)
             throw UsageError("--turn takes ID:ROUNDS with ID 1006..1015, not '" + value + "'");
-        turns.emplace_back(*id, *rounds);
+        const RotationKind kind = ClassifyRotation(*id);
+        const auto step = StepFrame(kind);
+        for (int i = 0; i < *rounds; ++i) {
+            if (kind.light)
+                RotationStep(view.light, *step);
+            else if (settings.ObjectWiseMode)
+                LocalRotationStep(view.object, *step);
+            else
+                RotationStep(view.view, *step);
+        }
+        view.LightDirection = LightDirectionOf(view.light);
+    } else if (flag == "--position") {
+        ReadRecord(args.Value(flag), false);
     } else if (flag == "--threads") {
         threads = args.IntValue(flag, 1, 256);
     } else {
@@ -70,17 +83,8 @@ bool SceneArguments::Take(std::string_view flag, Arguments& args) {
 
 RenderParameters SceneArguments::Parameters() const {
     const AppSettings& s = settings;
-    if (!IsStoneIndex(s.stone))
-        throw UsageError("the settings hold stone " + std::to_string(s.stone) +
-                         ", which the stone table does not have");
-    if (!IsColourIndex(s.stoneColour))
-        throw UsageError("the settings hold colour " + std::to_string(s.stoneColour) +
-                         ", which the colour table does not have");
-    if (!RefractiveIndexInRange(s.refractiveIndex))
-        throw UsageError(std::string(kRefractiveIndexRangeMessage));
-    if (s.imageSize < 32 || s.imageSize > 512)
-        throw UsageError("the image size must be 32 to 512 pixels, not " +
-                         std::to_string(s.imageSize));
+    const std::string problem = SceneProblem(s);
+    if (!problem.empty()) throw UsageError(problem);
     RenderParameters p;
     p.stoneColour = Colours()[s.stoneColour].absorption;
     p.stoneIndex = s.refractiveIndex;
@@ -96,24 +100,11 @@ RenderParameters SceneArguments::Parameters() const {
     return p;
 }
 
-ViewState SceneArguments::Orientation() const {
-    ViewState state = InitialViewState();
-    for (const auto& [id, rounds] : turns) {
-        const RotationKind kind = ClassifyRotation(id);
-        const auto step = StepFrame(kind);
-        if (!step) continue;
-        for (int i = 0; i < rounds; ++i) {
-            if (kind.light) {
-                RotationStep(state.light, *step);
-            } else if (settings.ObjectWiseMode) {
-                LocalRotationStep(state.object, *step);
-            } else {
-                RotationStep(state.view, *step);
-            }
-        }
-        state.LightDirection = LightDirectionOf(state.light);
-    }
-    return state;
+void SceneArguments::ReadRecord(const std::string& path, bool headerOnly) {
+    SceneState scene = Scene();
+    const RecordRead read = ReadCaptureInfo(path, scene, headerOnly);
+    if (!read.opened) throw UsageError(read.error);
+    if (!read.refused.empty()) throw UsageError(path + ": " + read.refused);
 }
 
 }  // namespace kirameki::cli

@@ -7,6 +7,7 @@
 
 #include "cli/cli_arguments.h"
 #include "output/app_settings.h"
+#include "output/scene_state.h"
 #include "render/frame_renderer.h"
 #include "render/view_state.h"
 
@@ -21,20 +22,25 @@ AppSettings LoadSettingsArgument(const std::string& path);
 // the order given.
 struct SceneArguments {
     AppSettings settings;
-    std::vector<std::pair<int, int>> turns;  // rotation identifier, rounds
+    ViewState view = InitialViewState();
+    CaptureState capture;
     int threads = 0;
 
     SceneArguments();
 
-    // Takes one scene flag and its value; false when the flag is not a scene flag.
+    SceneState Scene() { return {settings, view, capture}; }
+
+    // Takes one scene flag and its value; false when the flag is not a scene flag. Turns
+    // are applied at once, as the rotation buttons apply them in the current mode.
     bool Take(std::string_view flag, Arguments& args);
 
     // The render parameters of the scene; bad input (a stone or colour no table holds)
     // throws UsageError.
     RenderParameters Parameters() const;
 
-    // The orientation after the turns, applied as the rotation buttons apply them.
-    ViewState Orientation() const;
+    // Reads a capture or position record into the scene; a file that cannot be read or a
+    // damaged orientation throws UsageError.
+    void ReadRecord(const std::string& path, bool headerOnly);
 };
 
 }  // namespace kirameki::cli

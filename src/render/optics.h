@@ -66,9 +66,11 @@ inline Split SplitAt(Vec3 d, Vec3 n, double n1, double n2) {
     Split split;
     if (sin2t >= 1.0) return split;
     const double cosT = std::sqrt(1.0 - sin2t);
-    const double rs = (n1 * cosI - n2 * cosT) / (n1 * cosI + n2 * cosT);
-    const double rp = (n1 * cosT - n2 * cosI) / (n1 * cosT + n2 * cosI);
-    split.reflectance = 0.5 * (rs * rs + rp * rp);
+    // rs = (a - b) / (a + b) and rp = (c - d) / (c + d), summed over one common divisor.
+    const double a = n1 * cosI, b = n2 * cosT, c = n1 * cosT, e = n2 * cosI;
+    const double sumS = a + b, sumP = c + e, diffS = a - b, diffP = c - e;
+    split.reflectance = 0.5 * (diffS * diffS * sumP * sumP + diffP * diffP * sumS * sumS) /
+                        (sumS * sumS * sumP * sumP);
     split.refracted = true;
     split.direction = d * eta + n * (cosT - eta * cosI);
     return split;

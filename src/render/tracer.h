@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "model/gem_model.h"
+#include "render/plane_search.h"
 
 namespace kirameki {
 
@@ -23,6 +24,7 @@ struct TracerFaceArea {
     alignas(64) std::array<float, kCapacity> foffset{};
     int faceCount = 0;
     int paddedCount = 0;  // a multiple of 16
+    PlaneSearch search;
 };
 
 // Per-vertex scratch of the tracing contract. The polyhedron tracer needs only the planes,

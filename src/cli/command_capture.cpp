@@ -1,0 +1,182 @@
+#include <iostream>
+#include <memory>
+#include <string>
+
+#include "cli/commands.h"
+#include "cli/scene_arguments.h"
+#include "cli/signal_watcher.h"
+#include "cli/terminal_progress.h"
+#include "model/model_builder.h"
+#include "output/capture_info.h"
+#include "output/capture_loop.h"
+#include "output/gif_compiler.h"
+#include "output/messages.h"
+#include "output/path_block.h"
+
+namespace kirameki::cli {
+
+namespace {
+
+class QuietSink : public RenderSink {
+public:
+    void RenderStarted() override {}
+    void RenderProgress(int) override {}
+    void RowsRendered(const FrameImage&, int, int) override {}
+    void RenderFinished() override {}
+};
+
+class ProgressObserver : public CaptureObserver {
+public:
+    void FrameStarted(int index, int frameCount) override { bar_.Show(index, frameCount); }
+    void Turned(const GemModel&, const ViewState&) override {}
+    void FrameNotSaved(const std::string& path, const std::string& error) override {
+        std::cerr << "\nkirameki-cli: frame not saved: " << path << ": " << error << "\n";
+    }
+
+private:
+    TerminalProgress bar_{"capturing"};
+};
+
+std::uint32_t BackgroundOf(const AppSettings& s) {
+    return MapPixel(false, 0, 0, 0, 0, {s.backColour[0], s.backColour[1], s.backColour[2]});
+}
+
+}  // namespace
+
+int RunCapture(Arguments& args) {
+    SignalWatcher signals;
+    SceneArguments scene;
+    std::string sqi;
+    int frames = 0;
+    bool resume = false, checkExistence = false, sceneFlags = false;
+    while (!args.Done()) {
+        const std::string_view flag = args.Flag();
+        if (flag == "--sqi") {
+            sqi = args.Value(flag);
+        } else if (flag == "--frames") {
+            frames = args.IntValue(flag, 1, 100000);
+        } else if (flag == "--resume") {
+            resume = true;
+        } else if (flag == "--check-existence") {
+            checkExistence = true;
+        } else if (scene.Take(flag, args)) {
+            sceneFlags = sceneFlags || flag != "--threads";
+        } else {
+            throw UsageError("capture: unknown option " + std::string(flag));
+        }
+    }
+    if (sqi.empty())
+        throw UsageError("usage: kirameki-cli capture --sqi FILE.sqi [--frames N] [scene flags] | "
+                         "--sqi FILE.sqi --resume [--check-existence]");
+    if (resume && (sceneFlags || frames))
+        throw UsageError("a resumed capture takes its whole scene from the capture file");
+    if (!resume && checkExistence) throw UsageError("--check-existence goes with --resume");
+
+    PathBlock block;
+    ChoosePath(sqi, block);
+    bool complete = false;
+    if (resume) {
+        scene.ReadRecord(sqi, false);
+        complete = scene.settings.captureFrames == scene.capture.framesCaptured;
+        if (checkExistence) {
+            scene.capture.existenceCheck = 1;
+            scene.capture.framesCaptured = 0;
+        }
+    } else {
+        if (frames) scene.settings.captureFrames = frames;
+        scene.capture = {};
+    }
+    const RenderParameters parameters = scene.Parameters();
+    const AppSettings& s = scene.settings;
+    if (scene.capture.framesCaptured < 0 || scene.capture.framesCaptured > s.captureFrames)
+        throw UsageError("the capture file says " + std::to_string(scene.capture.framesCaptured) +
+                         " of " + std::to_string(s.captureFrames) + " frames are done");
+    std::string error;
+    if (!resume && !WriteCaptureInfo(sqi, scene.Scene(), error)) {
+        std::cerr << "kirameki-cli: " << messages::kFailedToOpenFile << " " << error << "\n";
+        return 1;
+    }
+
+    auto model = std::make_unique<GemModel>();
+    BuildModel(s.model, s.modelParameters, *model);
+    auto work = std::make_unique<TracerWorkAreas>();
+    CaptureRun run;
+    run.stem = block.fullPath;
+    run.frameCount = s.captureFrames;
+    run.firstFrame = complete && !checkExistence ? s.captureFrames : scene.capture.framesCaptured;
+    run.existenceCheck = scene.capture.existenceCheck != 0;
+    run.viewPointRotation = s.IncrementalViewMode != 0;
+    run.start = scene.view;
+    run.trimming = s.trimming[4] != 0;
+    run.margins = {s.trimming[0], s.trimming[1], s.trimming[2], s.trimming[3]};
+    run.background = BackgroundOf(s);
+    run.parameters = parameters;
+    run.geometry = {s.imageSize, ScaleForSize(s.imageSize)};
+
+    FrameImage image;
+    QuietSink sink;
+    int captured = 0;
+    {
+        ProgressObserver observer;
+        captured = kirameki::RunCapture(run, *model, scene.view, *work, image, sink,
+                              [&] { return signals.Interrupted(); }, observer);
+    }
+    scene.view = run.start;
+    scene.capture.framesCaptured = captured;
+    if (!WriteCaptureInfo(block.fullPath + block.extension, scene.Scene(), error))
+        std::cerr << "kirameki-cli: " << messages::kFailedToOpenFile << " " << error << "\n";
+    if (captured != s.captureFrames) {
+        std::cerr << messages::kCapturingAborted << "\n";
+        return 3;
+    }
+    std::cout << messages::Format(messages::kAllFramesCaptured, block.name) << "\n";
+    return 0;
+}
+
+int RunGif(Arguments& args) {
+    SceneArguments scene;
+    std::string sqi, out;
+    int delay = -1, direction = -1;
+    while (!args.Done()) {
+        const std::string_view flag = args.Flag();
+        if (flag == "--sqi") {
+            sqi = args.Value(flag);
+        } else if (flag == "--out") {
+            out = args.Value(flag);
+        } else if (flag == "--delay") {
+            delay = args.IntValue(flag, 0, 65535);
+        } else if (flag == "--clockwise") {
+            direction = 1;
+        } else if (flag == "--settings") {
+            scene.settings = LoadSettingsArgument(args.Value(flag));
+        } else {
+            throw UsageError("gif: unknown option " + std::string(flag));
+        }
+    }
+    if (sqi.empty() || out.empty())
+        throw UsageError("usage: kirameki-cli gif --sqi FILE.sqi --out FILE.gif [--delay T] "
+                         "[--clockwise] [--settings FILE]");
+    if (delay < 0) delay = scene.settings.gifOption1;
+    if (direction < 0) direction = scene.settings.gifOption2 == 1 ? 1 : 0;
+    scene.ReadRecord(sqi, true);
+    const int n = scene.settings.captureFrames;
+    if (n < 1 || n != scene.capture.framesCaptured)
+        throw UsageError(messages::kNotAllFramesCaptured);
+    PathBlock block;
+    ChoosePath(sqi, block);
+    std::string message;
+    bool ok = false;
+    {
+        TerminalProgress bar("compiling");
+        ok = CompileAnimatedGif(block.fullPath, n, delay, direction, out,
+                                [&](int i, int total) { bar.Show(i, total); }, message);
+    }
+    if (!ok) {
+        std::cerr << message << "\n";
+        return 2;
+    }
+    std::cout << message << "\n";
+    return 0;
+}
+
+}  // namespace kirameki::cli

@@ -1,0 +1,156 @@
+#include "output/palette_reduction.h"
+
+#include <libimagequant.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <memory>
+#include <vector>
+
+namespace kirameki {
+
+namespace {
+
+// Gem pictures are smooth gradients plus small saturated sparks: speed 3 spends a little more
+// time on the palette than the default, the quality range never refuses a picture, and full
+// dithering keeps the gradients from banding (the flat background stays clean because it is
+// matched exactly, so it carries no error to spread).
+constexpr int kSpeed = 3;
+constexpr float kDithering = 1.0f;
+
+struct AttrDeleter {
+    void operator()(liq_attr* p) const { liq_attr_destroy(p); }
+};
+struct ImageDeleter {
+    void operator()(liq_image* p) const { liq_image_destroy(p); }
+};
+struct ResultDeleter {
+    void operator()(liq_result* p) const { liq_result_destroy(p); }
+};
+
+const char* LiqErrorText(liq_error code) {
+    switch (code) {
+        case LIQ_QUALITY_TOO_LOW:
+            return "quality too low";
+        case LIQ_VALUE_OUT_OF_RANGE:
+            return "value out of range";
+        case LIQ_OUT_OF_MEMORY:
+            return "out of memory";
+        case LIQ_ABORTED:
+            return "aborted";
+        default:
+            return "internal error";
+    }
+}
+
+constexpr int Expand5(int v5) {
+    return (v5 << 3) | (v5 >> 2);
+}
+
+constexpr std::array<std::uint8_t, 256> MakeNearest555() {
+    std::array<std::uint8_t, 256> table{};
+    for (int v = 0; v < 256; ++v) {
+        int best = 0;
+        for (int v5 = 1; v5 < 32; ++v5) {
+            const int d = Expand5(v5) - v, bestD = Expand5(best) - v;
+            if (d * d < bestD * bestD)
+                best = v5;
+        }
+        table[v] = std::uint8_t(Expand5(best));
+    }
+    return table;
+}
+
+constexpr std::array<std::uint8_t, 256> kNearest555 = MakeNearest555();
+
+}  // namespace
+
+bool ReduceTo256Colours(const FrameImage& image, IndexedImage& out, std::string& error) {
+    out = IndexedImage{};
+    if (image.Empty()) {
+        error = "Cannot reduce the colours of an empty picture";
+        return false;
+    }
+    const int w = image.Width(), h = image.Height();
+    std::vector<std::uint8_t> rgba(std::size_t(w) * h * 4);
+    for (int y = 0; y < h; ++y) {
+        const std::uint8_t* bgr = image.Row(y);
+        std::uint8_t* o = rgba.data() + std::size_t(y) * w * 4;
+        for (int x = 0; x < w; ++x, bgr += 3, o += 4) {
+            o[0] = bgr[2];
+            o[1] = bgr[1];
+            o[2] = bgr[0];
+            o[3] = 255;
+        }
+    }
+    std::unique_ptr<liq_attr, AttrDeleter> attr(liq_attr_create());
+    if (!attr) {
+        error = "Palette reduction failed: out of memory";
+        return false;
+    }
+    liq_set_max_colors(attr.get(), 256);
+    liq_set_speed(attr.get(), kSpeed);
+    liq_set_quality(attr.get(), 0, 100);
+    std::unique_ptr<liq_image, ImageDeleter> input(
+        liq_image_create_rgba(attr.get(), rgba.data(), w, h, 0));
+    if (!input) {
+        error = "Palette reduction failed: the picture was not accepted";
+        return false;
+    }
+    liq_result* raw = nullptr;
+    liq_error code = liq_image_quantize(input.get(), attr.get(), &raw);
+    std::unique_ptr<liq_result, ResultDeleter> result(raw);
+    if (code == LIQ_OK) {
+        liq_set_dithering_level(result.get(), kDithering);
+        out.pixels.resize(std::size_t(w) * h);
+        code = liq_write_remapped_image(result.get(), input.get(), out.pixels.data(),
+                                        out.pixels.size());
+    }
+    if (code != LIQ_OK) {
+        out = IndexedImage{};
+        error = std::string("Palette reduction failed: ") + LiqErrorText(code);
+        return false;
+    }
+    // The palette is read after remapping, which may still refine it.
+    const liq_palette* palette = liq_get_palette(result.get());
+    for (unsigned i = 0; i < palette->count; ++i)
+        out.palette.push_back(
+            PackRgb(palette->entries[i].r, palette->entries[i].g, palette->entries[i].b));
+    out.width = w;
+    out.height = h;
+    return true;
+}
+
+void RepairBackground(IndexedImage& image, std::uint32_t background) {
+    if (image.pixels.empty() || image.pixels[0] >= image.palette.size())
+        return;
+    const std::uint32_t found = image.palette[image.pixels[0]];
+    if (found == background)
+        return;
+    std::replace(image.palette.begin(), image.palette.end(), found, background);
+}
+
+void ReduceTo555(FrameImage& image) {
+    for (int y = 0; y < image.Height(); ++y) {
+        std::uint8_t* row = image.Row(y);
+        for (int i = 0; i < 3 * image.Width(); ++i)
+            row[i] = kNearest555[row[i]];
+    }
+}
+
+FrameImage Trimmed(const FrameImage& image, int top, int bottom, int left, int right) {
+    const int w = image.Width(), h = image.Height();
+    if (image.Empty())
+        return {};
+    left = std::clamp(left, 0, w - 1);
+    right = std::clamp(right, 0, w - 1 - left);
+    top = std::clamp(top, 0, h - 1);
+    bottom = std::clamp(bottom, 0, h - 1 - top);
+    FrameImage out(w - left - right, h - top - bottom);
+    for (int y = 0; y < out.Height(); ++y)
+        std::copy_n(image.Row(y + top) + 3 * left, 3 * out.Width(), out.Row(y));
+    return out;
+}
+
+}  // namespace kirameki

@@ -1,0 +1,129 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+
+#include "model/model_builder.h"
+#include "output/capture_loop.h"
+#include "output/gif_compiler.h"
+#include "output/gif_files.h"
+#include "output/path_block.h"
+
+namespace kirameki {
+namespace {
+
+namespace fs = std::filesystem;
+
+class CountingSink : public RenderSink {
+public:
+    int renders = 0;
+    void RenderStarted() override { ++renders; }
+    void RenderProgress(int) override {}
+    void RowsRendered(const FrameImage&, int, int) override {}
+    void RenderFinished() override {}
+};
+
+class RecordingObserver : public CaptureObserver {
+public:
+    std::vector<int> frames;
+    void FrameStarted(int index, int) override { frames.push_back(index); }
+    void Turned(const GemModel&, const ViewState&) override {}
+    void FrameNotSaved(const std::string& path, const std::string& error) override {
+        ADD_FAILURE() << path << ": " << error;
+    }
+};
+
+class Capture : public ::testing::Test {
+protected:
+    void SetUp() override {
+        dir_ = fs::temp_directory_path() /
+               ("kirameki-capture-" +
+                std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
+        fs::remove_all(dir_);
+        fs::create_directories(dir_);
+        BuildModel(0, kDefaultModelParameters, *model_);
+        run_.stem = (dir_ / "Gem").string();
+        run_.frameCount = 6;
+        run_.start = InitialViewState();
+        run_.geometry = {32, ScaleForSize(32)};
+        run_.parameters.fire = false;
+        run_.parameters.depth = 2;
+    }
+    void TearDown() override { fs::remove_all(dir_); }
+
+    int Run(const AbortPoll& poll = {}) {
+        view_ = run_.start;
+        return RunCapture(run_, *model_, view_, *work_, image_, sink_, poll, observer_);
+    }
+    bool Exists(int frame) const { return fs::exists(FrameFileName(run_.stem, frame, run_.frameCount)); }
+
+    fs::path dir_;
+    std::unique_ptr<GemModel> model_ = std::make_unique<GemModel>();
+    std::unique_ptr<TracerWorkAreas> work_ = std::make_unique<TracerWorkAreas>();
+    ViewState view_;
+    FrameImage image_;
+    CountingSink sink_;
+    RecordingObserver observer_;
+    CaptureRun run_;
+};
+
+TEST_F(Capture, RendersEveryFrameThenTurnsBackToTheStart) {
+    EXPECT_EQ(Run(), 6);
+    for (int k = 0; k < 6; ++k) EXPECT_TRUE(Exists(k)) << k;
+    EXPECT_EQ(observer_.frames, (std::vector<int>{0, 1, 2, 3, 4, 5, 6}));
+    EXPECT_EQ(view_.object.AxisA.x, run_.start.object.AxisA.x);
+    // Frame 3 of 6 is half a turn: different from frame 0, and frame 6 would be frame 0.
+    const ViewState half = FrameOrientation(run_.start, 3, 6, false);
+    const ViewState full = FrameOrientation(run_.start, 6, 6, false);
+    EXPECT_GT(Length(half.object.AxisB - run_.start.object.AxisB), 1.0);
+    EXPECT_LT(Length(full.object.AxisB - run_.start.object.AxisB), 1e-12);
+}
+
+TEST_F(Capture, AnAbortDropsTheFrameUnderRenderingAndAResumeCompletesTheSet) {
+    int polls = 0;
+    // 32 rows a frame: the 10th poll of frame 3 aborts.
+    EXPECT_EQ(Run([&] { return ++polls == 3 * 32 + 10; }), 3);
+    EXPECT_TRUE(Exists(2));
+    EXPECT_FALSE(Exists(3));
+    run_.firstFrame = 3;
+    sink_.renders = 0;
+    EXPECT_EQ(Run(), 6);
+    EXPECT_EQ(sink_.renders, 3);
+    for (int k = 0; k < 6; ++k) EXPECT_TRUE(Exists(k)) << k;
+    // The existence check walks every frame and renders only what is missing.
+    fs::remove(FrameFileName(run_.stem, 4, 6));
+    run_.firstFrame = 0;
+    run_.existenceCheck = true;
+    sink_.renders = 0;
+    EXPECT_EQ(Run(), 6);
+    EXPECT_EQ(sink_.renders, 1);
+    EXPECT_TRUE(Exists(4));
+}
+
+TEST_F(Capture, CompilesTheFramesInEitherDirectionAndRefusesAGap) {
+    run_.frameCount = 4;
+    ASSERT_EQ(Run(), 4);
+    const std::string out = (dir_ / "Gem_ANI.gif").string();
+    std::string message;
+    std::vector<int> progress;
+    ASSERT_TRUE(CompileAnimatedGif(run_.stem, 4, 4, 1, out,
+                                   [&](int i, int) { progress.push_back(i); }, message))
+        << message;
+    EXPECT_EQ(progress, (std::vector<int>{0, 1, 2, 3, 4}));
+    EXPECT_NE(message.find(out), std::string::npos);
+    // The first frame of the clockwise animation is the last captured frame.
+    IndexedImage first, last;
+    std::string error;
+    ASSERT_TRUE(ReadGif(out, first, error)) << error;
+    ASSERT_TRUE(ReadGif(FrameFileName(run_.stem, 3, 4), last, error));
+    EXPECT_EQ(first.pixels, last.pixels);
+
+    fs::remove(out);
+    fs::remove(FrameFileName(run_.stem, 2, 4));
+    EXPECT_FALSE(CompileAnimatedGif(run_.stem, 4, 4, 0, out, {}, message));
+    EXPECT_NE(message.find(FrameFileName(run_.stem, 2, 4)), std::string::npos);
+    EXPECT_FALSE(fs::exists(out));
+}
+
+}  // namespace
+}  // namespace kirameki
