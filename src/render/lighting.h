@@ -3,7 +3,9 @@
 #include <array>
 #include <cmath>
 
-#include "render/tracer.h"
+#include <cstdint>
+
+#include "model/vec3.h"
 
 namespace kirameki {
 
@@ -17,14 +19,15 @@ namespace kirameki {
 // units of the frame renderer's colour gain: about 0.14 reads as full brightness.
 class Lighting {
 public:
-    explicit Lighting(const TraceScene& scene)
-        : toLight_(-scene.lightDirection),
-          main_(kMainPeak * scene.lightVolumes[0] / 100.0),
-          back_(kBackPeak * scene.lightVolumes[1] / 100.0),
-          fill_(kFillLevel * scene.lightVolumes[2] / 100.0),
-          highlightExponent_(scene.narrowMainLight ? kNarrowHighlightExponent
-                                                   : kHighlightExponent) {
-        for (int c = 0; c < 3; ++c) backColour_[c] = kBackColourGain * scene.backColour[c] / 255.0;
+    Lighting() = default;
+    Lighting(Vec3 lightDirection, const std::array<std::int32_t, 3>& volumes,
+             const std::array<std::int32_t, 3>& backColour, bool narrowMainLight)
+        : toLight_(-lightDirection),
+          main_(kMainPeak * volumes[0] / 100.0),
+          back_(kBackPeak * volumes[1] / 100.0),
+          fill_(kFillLevel * volumes[2] / 100.0),
+          highlightExponent_(narrowMainLight ? kNarrowHighlightExponent : kHighlightExponent) {
+        for (int c = 0; c < 3; ++c) backColour_[c] = kBackColourGain * backColour[c] / 255.0;
     }
 
     // The main light's mirror image in a surface reflecting toward `reflected`, 0..volume.
@@ -73,10 +76,10 @@ private:
     static double Fill(Vec3 e) { return 0.5 + 0.5 * std::max(e.y, 0.0); }
 
     Vec3 toLight_;
-    double main_;
-    double back_;
-    double fill_;
-    double highlightExponent_;
+    double main_ = 0.0;
+    double back_ = 0.0;
+    double fill_ = 0.0;
+    double highlightExponent_ = kHighlightExponent;
     std::array<double, 3> backColour_{};
 };
 

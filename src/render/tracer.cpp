@@ -32,10 +32,7 @@ double Height(const TracerFaceArea& area, int i, Vec3 p) {
 // depend only on the two indices worked out once per ray.
 class Crossing {
 public:
-    Crossing(double from, double to, double r0)
-        : from_(from), to_(to), f0_(optics::NormalReflectance(from, to)) {
-        lift_ = f0_ < 1.0 ? (r0 - f0_) / (1.0 - f0_) : 0.0;
-    }
+    Crossing(double from, double to, double lift) : from_(from), to_(to), lift_(lift) {}
     // Splits unit direction d at a surface whose unit normal n points into the new medium.
     optics::Split At(Vec3 d, Vec3 n) const {
         optics::Split split = optics::SplitAt(d, n, from_, to_);
@@ -44,7 +41,7 @@ public:
     }
 
 private:
-    double from_, to_, f0_, lift_;
+    double from_, to_, lift_;
 };
 
 }  // namespace
@@ -62,6 +59,8 @@ void PrepareTracer(TraceScene& scene) {
     }
     area.faceCount = count;
     area.search = SelectPlaneSearch();
+    scene.work->lighting = Lighting(scene.lightDirection, scene.lightVolumes, scene.backColour,
+                                    scene.narrowMainLight != 0);
     area.paddedCount = (count + kPlanePadding - 1) / kPlanePadding * kPlanePadding;
     for (int i = count; i < area.paddedCount; ++i) {
         area.nx[i] = area.ny[i] = area.nz[i] = 0.0;
@@ -94,9 +93,13 @@ int Trace_TraceVector(Vec3 origin, Vec3 direction, double outerIndex, double sto
     }
     if (!(tIn > 0.0)) return 0;
 
-    const Lighting lighting(scene);
-    const Crossing entering(outerIndex, stoneIndex, normalReflectance);
-    const Crossing leaving(stoneIndex, outerIndex, normalReflectance);
+    const Lighting& lighting = scene.work->lighting;
+    // Reflectance at normal incidence is the same both ways; the exact Fresnel curve is
+    // lifted to start at the given one and still end at 1.
+    const double f0 = optics::NormalReflectance(outerIndex, stoneIndex);
+    const double lift = f0 < 1.0 ? (normalReflectance - f0) / (1.0 - f0) : 0.0;
+    const Crossing entering(outerIndex, stoneIndex, lift);
+    const Crossing leaving(stoneIndex, outerIndex, lift);
     Vec3 p = origin + d0 * tIn;
     const Vec3 n = PlaneNormal(area, entry.in);  // into the stone
     results.out1 = tIn;

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "model/gem_model.h"
+#include "render/lighting.h"
 #include "render/plane_search.h"
 
 namespace kirameki {
@@ -36,6 +37,7 @@ struct TracerVertexArea {
 // The caller-owned work areas, zero-initialised, living as long as the program.
 struct TracerWorkAreas {
     TracerFaceArea faces;
+    Lighting lighting;  // the lights of the frame, worked out once
     TracerVertexArea vertices1;
     TracerVertexArea vertices2;
 };
@@ -68,8 +70,9 @@ struct TraceResults {
     double out8 = 0.0;  // total path length inside the stone
 };
 
-// Copies the face planes of the current orientation into the work area. Run once per
-// frame, after the face data have been written for that orientation.
+// Copies the face planes of the current orientation and the lights into the work area.
+// Run once per frame, after the face data have been written for that orientation, and
+// again whenever the scene changes.
 void PrepareTracer(TraceScene& scene);
 
 // Traces one ray against the stone. Returns non-zero when the ray enters the stone and 0

@@ -73,7 +73,8 @@ TEST(Tracer, WithEvenLightNoEnergyIsLostWhateverTheDepth) {
     Stone stone(0, InitialViewState());
     stone.scene.lightVolumes = {0, 0, 0};
     stone.scene.backColour = {255, 255, 255};
-    const double even = Lighting(stone.scene).Radiance({0, 0, -1})[0];
+    PrepareTracer(stone.scene);
+    const double even = stone.work->lighting.Radiance({0, 0, -1})[0];
     for (int depth : {1, 2, 8, 20}) {
         stone.scene.depth = depth;
         for (double x = -0.9; x <= 0.9; x += 0.05)
@@ -90,7 +91,7 @@ TEST(Tracer, AStoneOfIndexOneWithNoColourLetsTheRayStraightThrough) {
     Stone stone(20, ViewState{});  // the cube, square on
     TraceResults r;
     ASSERT_EQ(stone.Trace(0.1, 0.2, 1.0, r), 1);
-    const std::array<double, 3> behind = Lighting(stone.scene).Radiance({0, 0, 1});
+    const std::array<double, 3> behind = stone.work->lighting.Radiance({0, 0, 1});
     EXPECT_NEAR(r.out5, behind[0], 1e-12);
     EXPECT_NEAR(r.out6, behind[1], 1e-12);
     EXPECT_EQ(r.out3, 1.0);                             // one segment inside
@@ -103,9 +104,10 @@ TEST(Tracer, ColourAbsorbsMoreOverALongerPath) {
     stone.scene.lightVolumes = {0, 0, 0};
     stone.scene.backColour = {255, 255, 255};
     stone.scene.stoneColour = {0.0, 0.03, 0.03};  // "Red"
+    PrepareTracer(stone.scene);
     TraceResults thick, thin;
     ASSERT_TRUE(stone.Trace(0.0, 0.0, 1.0, thick));
-    EXPECT_EQ(thick.out5, Lighting(stone.scene).Radiance({0, 0, 1})[0]);  // red passes
+    EXPECT_EQ(thick.out5, stone.work->lighting.Radiance({0, 0, 1})[0]);  // red passes
     // Straight through, green keeps exp(-absorption * 25 * length) of the light.
     EXPECT_NEAR(thick.out6 / thick.out5, std::exp(-0.03 * 25.0 * thick.out8), 1e-12);
     Stone octahedron(19, ViewState{});  // thinner toward its edge
