@@ -15,7 +15,7 @@ namespace kirameki {
 namespace {
 
 class NullSink : public RenderSink {
-public:
+  public:
     void RenderStarted() override {}
     void RenderProgress(int) override {}
     void RowsRendered(const FrameImage&, int, int) override {}
@@ -57,9 +57,11 @@ struct Scene {
                 for (int i = 0; i < (parameters.fire ? 3 : 1); ++i) {
                     TraceResults r;
                     rays += 1;
-                    const double factor = parameters.fire ? 1.0 + (i - 1) * parameters.fireSpread : 1;
-                    if (!Trace_TraceVector({(x - size / 2) / s, -(y - size / 2) / s, -1.1}, {0, 0, 1},
-                                           1.0, parameters.stoneIndex * factor, 0, r0, scene, r))
+                    const double factor =
+                        parameters.fire ? 1.0 + (i - 1) * parameters.fireSpread : 1;
+                    if (!Trace_TraceVector({(x - size / 2) / s, -(y - size / 2) / s, -1.1},
+                                           {0, 0, 1}, 1.0, parameters.stoneIndex * factor, 0, r0,
+                                           scene, r))
                         break;
                     segments += 1 + r.out3;
                 }
@@ -88,8 +90,10 @@ void RunFrame(benchmark::State& state, bool fire, int depth, bool hq, int size) 
 
 const int kAllThreads = int(std::max(1u, std::thread::hardware_concurrency()));
 
-#define FRAME_BENCHMARK(name, ...)                                                      \
-    void name(benchmark::State& state) { RunFrame(state, __VA_ARGS__); }                \
+#define FRAME_BENCHMARK(name, ...)       \
+    void name(benchmark::State& state) { \
+        RunFrame(state, __VA_ARGS__);    \
+    }                                    \
     BENCHMARK(name)->Arg(1)->Arg(kAllThreads)->Unit(benchmark::kMillisecond)->UseRealTime()
 
 FRAME_BENCHMARK(DefaultFrame, true, 8, false, 270);

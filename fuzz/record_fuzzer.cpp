@@ -20,7 +20,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const bool headerOnly = size > 0 && (data[0] & 0x80) != 0;
     ReadCaptureInfoBytes(data, size, scene, headerOnly);
     (void)CaptureInfoBytes(scene);
-    if (!SceneProblem(settings).empty()) return 0;
+    if (!SceneProblem(settings).empty())
+        return 0;
     BuildModel(settings.model, settings.modelParameters, *model);
     TransformVertices(view, *model);
     auto preview = std::make_unique<PreviewPolygons>();

@@ -11,7 +11,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto bytes = kirameki::SettingsBytes(settings);
     kirameki::AppSettings again;
     kirameki::ReadSettingsBytes(bytes.data(), bytes.size(), again);
-    if (kirameki::SettingsBytes(again) != bytes) __builtin_trap();
+    if (kirameki::SettingsBytes(again) != bytes)
+        __builtin_trap();
     (void)kirameki::PathText(settings.screenShotFolder);
     (void)kirameki::PathText(settings.captureFolder);
     return 0;

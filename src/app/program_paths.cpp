@@ -10,7 +10,8 @@ namespace kirameki {
 namespace {
 
 std::string WithSlash(std::string folder) {
-    if (folder.empty() || folder.back() != '/') folder += '/';
+    if (folder.empty() || folder.back() != '/')
+        folder += '/';
     return folder;
 }
 
@@ -29,10 +30,12 @@ ProgramPaths ResolveProgramPaths(const std::string& programFolder,
     }
     const std::string home = WithSlash(environment("HOME"));
     std::string config = environment("XDG_CONFIG_HOME");
-    if (config.empty()) config = home + ".config";
+    if (config.empty())
+        config = home + ".config";
     paths.settingsFile = WithSlash(config) + "kirameki/Setting.ini";
     std::string pictures = environment("XDG_PICTURES_DIR");
-    if (pictures.empty()) pictures = home + "Pictures";
+    if (pictures.empty())
+        pictures = home + "Pictures";
     const std::string ours = WithSlash(pictures) + "Kirameki/";
     paths.screenShotsFolder = ours + "ScreenShots/";
     paths.capturesFolder = ours + "AutoCaps/";
@@ -42,7 +45,8 @@ ProgramPaths ResolveProgramPaths(const std::string& programFolder,
 std::string ProgramFolder() {
     std::error_code error;
     const std::filesystem::path exe = std::filesystem::read_symlink("/proc/self/exe", error);
-    if (error) return {};
+    if (error)
+        return {};
     return WithSlash(exe.parent_path().string());
 }
 

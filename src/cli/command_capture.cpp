@@ -18,7 +18,7 @@ namespace kirameki::cli {
 namespace {
 
 class QuietSink : public RenderSink {
-public:
+  public:
     void RenderStarted() override {}
     void RenderProgress(int) override {}
     void RowsRendered(const FrameImage&, int, int) override {}
@@ -26,14 +26,14 @@ public:
 };
 
 class ProgressObserver : public CaptureObserver {
-public:
+  public:
     void FrameStarted(int index, int frameCount) override { bar_.Show(index, frameCount); }
     void Turned(const GemModel&, const ViewState&) override {}
     void FrameNotSaved(const std::string& path, const std::string& error) override {
         std::cerr << "\nkirameki-cli: frame not saved: " << path << ": " << error << "\n";
     }
 
-private:
+  private:
     TerminalProgress bar_{"capturing"};
 };
 
@@ -66,11 +66,13 @@ int RunCapture(Arguments& args) {
         }
     }
     if (sqi.empty())
-        throw UsageError("usage: kirameki-cli capture --sqi FILE.sqi [--frames N] [scene flags] | "
-                         "--sqi FILE.sqi --resume [--check-existence]");
+        throw UsageError(
+            "usage: kirameki-cli capture --sqi FILE.sqi [--frames N] [scene flags] | "
+            "--sqi FILE.sqi --resume [--check-existence]");
     if (resume && (sceneFlags || frames))
         throw UsageError("a resumed capture takes its whole scene from the capture file");
-    if (!resume && checkExistence) throw UsageError("--check-existence goes with --resume");
+    if (!resume && checkExistence)
+        throw UsageError("--check-existence goes with --resume");
 
     PathBlock block;
     ChoosePath(sqi, block);
@@ -83,7 +85,8 @@ int RunCapture(Arguments& args) {
             scene.capture.framesCaptured = 0;
         }
     } else {
-        if (frames) scene.settings.captureFrames = frames;
+        if (frames)
+            scene.settings.captureFrames = frames;
         scene.capture = {};
     }
     const RenderParameters parameters = scene.Parameters();
@@ -118,8 +121,9 @@ int RunCapture(Arguments& args) {
     int captured = 0;
     {
         ProgressObserver observer;
-        captured = kirameki::RunCapture(run, *model, scene.view, *work, image, sink,
-                              [&] { return signals.Interrupted(); }, observer);
+        captured = kirameki::RunCapture(
+            run, *model, scene.view, *work, image, sink, [&] { return signals.Interrupted(); },
+            observer);
     }
     scene.view = run.start;
     scene.capture.framesCaptured = captured;
@@ -154,10 +158,13 @@ int RunGif(Arguments& args) {
         }
     }
     if (sqi.empty() || out.empty())
-        throw UsageError("usage: kirameki-cli gif --sqi FILE.sqi --out FILE.gif [--delay T] "
-                         "[--clockwise] [--settings FILE]");
-    if (delay < 0) delay = scene.settings.gifOption1;
-    if (direction < 0) direction = scene.settings.gifOption2 == 1 ? 1 : 0;
+        throw UsageError(
+            "usage: kirameki-cli gif --sqi FILE.sqi --out FILE.gif [--delay T] "
+            "[--clockwise] [--settings FILE]");
+    if (delay < 0)
+        delay = scene.settings.gifOption1;
+    if (direction < 0)
+        direction = scene.settings.gifOption2 == 1 ? 1 : 0;
     scene.ReadRecord(sqi, true);
     const int n = scene.settings.captureFrames;
     if (n < 1 || n != scene.capture.framesCaptured)
@@ -168,8 +175,9 @@ int RunGif(Arguments& args) {
     bool ok = false;
     {
         TerminalProgress bar("compiling");
-        ok = CompileAnimatedGif(block.fullPath, n, delay, direction, out,
-                                [&](int i, int total) { bar.Show(i, total); }, message);
+        ok = CompileAnimatedGif(
+            block.fullPath, n, delay, direction, out, [&](int i, int total) { bar.Show(i, total); },
+            message);
     }
     if (!ok) {
         std::cerr << message << "\n";

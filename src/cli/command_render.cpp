@@ -20,7 +20,7 @@ namespace kirameki::cli {
 namespace {
 
 class SilentSink : public RenderSink {
-public:
+  public:
     void RenderStarted() override {}
     void RenderProgress(int) override {}
     void RowsRendered(const FrameImage&, int, int) override {}
@@ -37,7 +37,8 @@ int RunRender(Arguments& args) {
     bool positionInfo = false;
     while (!args.Done()) {
         const std::string_view flag = args.Flag();
-        if (scene.Take(flag, args)) continue;
+        if (scene.Take(flag, args))
+            continue;
         if (flag == "--out") {
             out = args.Value(flag);
         } else if (flag == "--repeat") {
@@ -50,10 +51,12 @@ int RunRender(Arguments& args) {
             throw UsageError("render: unknown option " + std::string(flag));
         }
     }
-    if (out.empty()) throw UsageError("usage: kirameki-cli render --out FILE [scene flags]");
+    if (out.empty())
+        throw UsageError("usage: kirameki-cli render --out FILE [scene flags]");
     if (format == 0) {
         const auto byExtension = PictureFormatForExtension(out);
-        if (!byExtension) throw UsageError("--format is needed for " + out + " (1..7)");
+        if (!byExtension)
+            throw UsageError("--format is needed for " + out + " (1..7)");
         format = int(*byExtension);
     }
     const RenderParameters parameters = scene.Parameters();
@@ -81,7 +84,8 @@ int RunRender(Arguments& args) {
     const AppSettings& s = scene.settings;
     const std::uint32_t background = MapPixel(false, 0, 0, 0, 0, parameters.backColour);
     FrameImage trimmed;
-    if (s.trimming[4]) trimmed = Trimmed(image, s.trimming[0], s.trimming[1], s.trimming[2], s.trimming[3]);
+    if (s.trimming[4])
+        trimmed = Trimmed(image, s.trimming[0], s.trimming[1], s.trimming[2], s.trimming[3]);
     if (!WritePicture(out, s.trimming[4] ? trimmed : image, PictureFormat(format), background,
                       error)) {
         std::cerr << "kirameki-cli: " << error << "\n";

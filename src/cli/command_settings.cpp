@@ -15,7 +15,8 @@ namespace {
 template <typename T, std::size_t N>
 std::string JsonArray(const std::array<T, N>& values) {
     std::string out = "[";
-    for (std::size_t i = 0; i < N; ++i) out += (i ? "," : "") + std::to_string(values[i]);
+    for (std::size_t i = 0; i < N; ++i)
+        out += (i ? "," : "") + std::to_string(values[i]);
     return out + "]";
 }
 
@@ -70,14 +71,16 @@ int RunSettings(Arguments& args) {
         if (flag == "--file") {
             file = args.Value(flag);
         } else if (flag == "--dump" || flag == "--write-defaults" || flag == "--rewrite") {
-            if (!action.empty()) throw UsageError("settings takes one of --dump, --write-defaults, --rewrite");
+            if (!action.empty())
+                throw UsageError("settings takes one of --dump, --write-defaults, --rewrite");
             action = flag;
         } else {
             throw UsageError("settings: unknown option " + std::string(flag));
         }
     }
     if (file.empty() || action.empty())
-        throw UsageError("usage: kirameki-cli settings --file FILE (--dump | --write-defaults | --rewrite)");
+        throw UsageError(
+            "usage: kirameki-cli settings --file FILE (--dump | --write-defaults | --rewrite)");
     AppSettings settings;
     std::string error;
     if (action == "--write-defaults") {

@@ -33,16 +33,13 @@ int main(int argc, char** argv) {
     try {
         using Command = int (*)(Arguments&);
         static const std::pair<std::string_view, Command> kCommands[] = {
-            {"tables", RunTables},
-            {"model", RunModel},
-            {"preview", RunPreview},
-            {"render", RunRender},
-            {"settings", RunSettings},
-            {"capture", RunCapture},
+            {"tables", RunTables}, {"model", RunModel},       {"preview", RunPreview},
+            {"render", RunRender}, {"settings", RunSettings}, {"capture", RunCapture},
             {"gif", RunGif},
         };
         for (const auto& [name, run] : kCommands)
-            if (command == name) return run(args);
+            if (command == name)
+                return run(args);
         if (command == "--help" || command == "help") {
             std::cout << kUsage;
             return 0;

@@ -4,9 +4,9 @@
 #include <filesystem>
 
 #include "model/model_builder.h"
-#include "output/capture_info.h"
 #include "model/stone_choice.h"
 #include "model/stone_tables.h"
+#include "output/capture_info.h"
 #include "render/rotation_steps.h"
 
 namespace kirameki::cli {
@@ -20,7 +20,9 @@ AppSettings LoadSettingsArgument(const std::string& path) {
     return settings;
 }
 
-SceneArguments::SceneArguments() { LoadDefaults(settings, {}); }
+SceneArguments::SceneArguments() {
+    LoadDefaults(settings, {});
+}
 
 bool SceneArguments::Take(std::string_view flag, Arguments& args) {
     AppSettings& s = settings;
@@ -35,7 +37,8 @@ bool SceneArguments::Take(std::string_view flag, Arguments& args) {
         s.refractiveIndex = choice.refractiveIndex;
     } else if (flag == "--cut") {
         const int cut = args.IntValue(flag, 0, kCutListSize - 1);
-        if (!HasGenerator(cut)) throw UsageError("--cut 22 is the separator line of the cut list");
+        if (!HasGenerator(cut))
+            throw UsageError("--cut 22 is the separator line of the cut list");
         s.model = cut;
     } else if (flag == "--colour") {
         s.stoneColour = args.IntValue(flag, 0, kColourCount - 1);
@@ -49,7 +52,8 @@ bool SceneArguments::Take(std::string_view flag, Arguments& args) {
         s.option4 = 1;
     } else if (flag == "--fire") {
         const std::string value = args.Value(flag);
-        if (value != "on" && value != "off") throw UsageError("--fire takes on or off");
+        if (value != "on" && value != "off")
+            throw UsageError("--fire takes on or off");
         s.option5 = value == "on";
     } else if (flag == "--turn") {
         const std::string value = args.Value(flag);
@@ -84,7 +88,8 @@ bool SceneArguments::Take(std::string_view flag, Arguments& args) {
 RenderParameters SceneArguments::Parameters() const {
     const AppSettings& s = settings;
     const std::string problem = SceneProblem(s);
-    if (!problem.empty()) throw UsageError(problem);
+    if (!problem.empty())
+        throw UsageError(problem);
     RenderParameters p;
     p.stoneColour = Colours()[s.stoneColour].absorption;
     p.stoneIndex = s.refractiveIndex;
@@ -103,8 +108,10 @@ RenderParameters SceneArguments::Parameters() const {
 void SceneArguments::ReadRecord(const std::string& path, bool headerOnly) {
     SceneState scene = Scene();
     const RecordRead read = ReadCaptureInfo(path, scene, headerOnly);
-    if (!read.opened) throw UsageError(read.error);
-    if (!read.refused.empty()) throw UsageError(path + ": " + read.refused);
+    if (!read.opened)
+        throw UsageError(read.error);
+    if (!read.refused.empty())
+        throw UsageError(path + ": " + read.refused);
 }
 
 }  // namespace kirameki::cli

@@ -24,9 +24,12 @@ SignalWatcher::SignalWatcher() {
     watcher_ = std::thread([this, set] {
         for (;;) {
             int signal = 0;
-            if (sigwait(&set, &signal) != 0) continue;
-            if (stopping_.load()) return;
-            if (signal == SIGINT || signal == SIGTERM) interrupted_.store(true);
+            if (sigwait(&set, &signal) != 0)
+                continue;
+            if (stopping_.load())
+                return;
+            if (signal == SIGINT || signal == SIGTERM)
+                interrupted_.store(true);
         }
     });
 }

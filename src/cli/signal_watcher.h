@@ -9,7 +9,7 @@ namespace kirameki::cli {
 // the viewer. The signals are blocked in every thread and taken by a watcher thread with
 // sigwait, so nothing runs inside a signal handler. Construct it before starting threads.
 class SignalWatcher {
-public:
+  public:
     SignalWatcher();
     ~SignalWatcher();
     SignalWatcher(const SignalWatcher&) = delete;
@@ -17,7 +17,7 @@ public:
 
     bool Interrupted() const { return interrupted_.load(); }
 
-private:
+  private:
     std::atomic<bool> interrupted_{false};
     std::atomic<bool> stopping_{false};
     std::thread watcher_;

@@ -11,11 +11,13 @@ TerminalProgress::TerminalProgress(const char* label)
     : label_(label), enabled_(isatty(STDERR_FILENO) == 1) {}
 
 TerminalProgress::~TerminalProgress() {
-    if (drawn_) std::fputc('\n', stderr);
+    if (drawn_)
+        std::fputc('\n', stderr);
 }
 
 void TerminalProgress::Show(int done, int total) {
-    if (!enabled_ || total <= 0) return;
+    if (!enabled_ || total <= 0)
+        return;
     constexpr int kWidth = 30;
     const int filled = int(double(done) * kWidth / total);
     const std::string bar = std::string(filled, '#') + std::string(kWidth - filled, ' ');

@@ -4,12 +4,12 @@ namespace kirameki::cli {
 
 // A progress bar on stderr, drawn only when stderr is a terminal.
 class TerminalProgress {
-public:
+  public:
     explicit TerminalProgress(const char* label);
     ~TerminalProgress();
     void Show(int done, int total);
 
-private:
+  private:
     const char* label_;
     bool enabled_;
     bool drawn_ = false;

@@ -27,7 +27,8 @@ void ForEachField(Scene& scene, bool headerOnly, Visit visit) {
     auto& c = scene.capture;
     visit(&s.captureFrames, 4);
     visit(&c.framesCaptured, 4);
-    if (headerOnly) return;
+    if (headerOnly)
+        return;
     visit(&s.stone, 4);
     visit(&s.model, 4);
     visit(&s.stoneColour, 4);
@@ -58,12 +59,23 @@ void ForEachField(Scene& scene, bool headerOnly, Visit visit) {
     // The parameters of the parametric solid just read, and only those.
     auto* p = s.modelParameters.data();
     switch (s.model) {
-        case 23: visit(p + kEllipsoidCompression, 16); break;
-        case 24: visit(p + kPrismSides, 8); break;
-        case 25: visit(p + kPyramidSides, 8); break;
-        case 26: visit(p + kHedron14Ratio, 4); break;
-        case 27: visit(p + kHedron26StoredRatio, 4); break;
-        default: break;
+        case 23:
+            visit(p + kEllipsoidCompression, 16);
+            break;
+        case 24:
+            visit(p + kPrismSides, 8);
+            break;
+        case 25:
+            visit(p + kPyramidSides, 8);
+            break;
+        case 26:
+            visit(p + kHedron14Ratio, 4);
+            break;
+        case 27:
+            visit(p + kHedron26StoredRatio, 4);
+            break;
+        default:
+            break;
     }
 }
 
@@ -91,10 +103,12 @@ std::string ReadCaptureInfoBytes(const std::uint8_t* bytes, std::size_t size, Sc
     std::size_t offset = 0;
     ForEachField(scene, headerOnly, [&](void* field, std::size_t width) {
         const std::size_t available = offset < size ? std::min(width, size - offset) : 0;
-        if (available > 0) std::memcpy(field, bytes + offset, available);
+        if (available > 0)
+            std::memcpy(field, bytes + offset, available);
         offset += width;
     });
-    if (headerOnly) return {};
+    if (headerOnly)
+        return {};
     std::string refused;
     OrientationFrame ViewState::*frames[] = {&ViewState::object, &ViewState::light,
                                              &ViewState::view};

@@ -38,16 +38,19 @@ int RunCapture(const CaptureRun& run, GemModel& model, ViewState& view, TracerWo
         TransformVertices(view, model);
         WriteAllFaceData(model);
         observer.Turned(model, view);
-        if (k == n) break;
+        if (k == n)
+            break;
         const std::string path = FrameFileName(run.stem, k, n);
         std::error_code ignored;
-        if (run.existenceCheck && std::filesystem::exists(path, ignored)) continue;
-        if (RenderFrame(run.parameters, model, view.LightDirection, run.geometry, work, image,
-                        sink, abortPoll) == 0)
+        if (run.existenceCheck && std::filesystem::exists(path, ignored))
+            continue;
+        if (RenderFrame(run.parameters, model, view.LightDirection, run.geometry, work, image, sink,
+                        abortPoll) == 0)
             return k;
         FrameImage trimmed;
         if (run.trimming)
-            trimmed = Trimmed(image, run.margins[0], run.margins[1], run.margins[2], run.margins[3]);
+            trimmed =
+                Trimmed(image, run.margins[0], run.margins[1], run.margins[2], run.margins[3]);
         std::string error;
         if (!WritePicture(path, run.trimming ? trimmed : image, PictureFormat::kGif8,
                           run.background, error))

@@ -14,8 +14,8 @@ namespace kirameki {
 struct CaptureRun {
     std::string stem;  // the capture file's path without extension
     int frameCount = 128;
-    int firstFrame = 0;           // frames before it are on disk
-    bool existenceCheck = false;  // walk every frame, render only missing files
+    int firstFrame = 0;              // frames before it are on disk
+    bool existenceCheck = false;     // walk every frame, render only missing files
     bool viewPointRotation = false;  // turn the view point around the stone, not the stone
     ViewState start;                 // the orientation of frame 0
     bool trimming = false;
@@ -27,7 +27,7 @@ struct CaptureRun {
 
 // What the run tells its surroundings besides the render notifications.
 class CaptureObserver {
-public:
+  public:
     virtual ~CaptureObserver() = default;
     // Frame k of N is next (k = N: the turn back to the start, nothing rendered).
     virtual void FrameStarted(int index, int frameCount) = 0;

@@ -8,12 +8,13 @@
 
 namespace kirameki {
 
-bool CompileAnimatedGif(const std::string& stem, int frameCount, int delayHundredths,
-                        int direction, const std::string& output,
-                        const std::function<void(int, int)>& progress, std::string& message) {
+bool CompileAnimatedGif(const std::string& stem, int frameCount, int delayHundredths, int direction,
+                        const std::string& output, const std::function<void(int, int)>& progress,
+                        std::string& message) {
     std::vector<IndexedImage> frames(frameCount > 0 ? std::size_t(frameCount) : 0);
     for (int i = 0; i < frameCount; ++i) {
-        if (progress) progress(i, frameCount);
+        if (progress)
+            progress(i, frameCount);
         const int frame = direction == 1 ? frameCount - 1 - i : i;
         const std::string path = FrameFileName(stem, frame, frameCount);
         std::string error;
@@ -27,7 +28,8 @@ bool CompileAnimatedGif(const std::string& stem, int frameCount, int delayHundre
         message = error;
         return false;
     }
-    if (progress) progress(frameCount, frameCount);
+    if (progress)
+        progress(frameCount, frameCount);
     message = messages::Format(messages::kAnimationSaved, output);
     return true;
 }

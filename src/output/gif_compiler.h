@@ -10,8 +10,8 @@ namespace kirameki {
 // anticlockwise) or reversed (direction 1, clockwise). progress(i, N) is called before each
 // frame is loaded and once more at the end. Returns true when the file was written; on
 // failure nothing is written and message says why (naming the first missing frame).
-bool CompileAnimatedGif(const std::string& stem, int frameCount, int delayHundredths,
-                        int direction, const std::string& output,
-                        const std::function<void(int, int)>& progress, std::string& message);
+bool CompileAnimatedGif(const std::string& stem, int frameCount, int delayHundredths, int direction,
+                        const std::string& output, const std::function<void(int, int)>& progress,
+                        std::string& message);
 
 }  // namespace kirameki

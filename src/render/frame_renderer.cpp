@@ -20,11 +20,13 @@ constexpr double kFloor = 20.0;
 constexpr double kColourCap = 240.0;
 constexpr double kPixelCap = 255.0;
 
-int ClampByte(long value) { return int(std::clamp(value, 0L, 255L)); }
+int ClampByte(long value) {
+    return int(std::clamp(value, 0L, 255L));
+}
 
 // Renders the pixels of one row of the working picture.
 class RowRenderer {
-public:
+  public:
     RowRenderer(const RenderParameters& p, const TraceScene& scene, FrameImage& image, int scale)
         : p_(p),
           scene_(scene),
@@ -42,11 +44,11 @@ public:
         }
     }
 
-private:
+  private:
     std::uint32_t PlainPixel(Vec3 origin) const {
         TraceResults r;
-        const bool hit = Trace_TraceVector(origin, {0, 0, 1}, p_.outerIndex, p_.stoneIndex, 0,
-                                           r0_, scene_, r) != 0;
+        const bool hit = Trace_TraceVector(origin, {0, 0, 1}, p_.outerIndex, p_.stoneIndex, 0, r0_,
+                                           scene_, r) != 0;
         return MapPixel(hit, r.out4, r.out5, r.out6, r.out7, p_.backColour);
     }
 
@@ -72,10 +74,11 @@ private:
 // thread, which polls for an abort before each row and reports the rows as they complete.
 // At most a few rows are under way at once, so an abort stops the render promptly.
 class RowScheduler {
-public:
+  public:
     RowScheduler(int rows, int threads, const RowRenderer& renderer)
         : rows_(rows), done_(std::size_t(rows), 0), renderer_(renderer) {
-        for (int i = 0; i < threads; ++i) workers_.emplace_back([this] { Work(); });
+        for (int i = 0; i < threads; ++i)
+            workers_.emplace_back([this] { Work(); });
     }
     ~RowScheduler() {
         {
@@ -83,7 +86,8 @@ public:
             stopping_ = true;
         }
         wake_.notify_all();
-        for (std::thread& worker : workers_) worker.join();
+        for (std::thread& worker : workers_)
+            worker.join();
     }
 
     // Waits until fewer than `window` released rows are unfinished, then releases one more.
@@ -103,19 +107,21 @@ public:
     // The count of finished rows and the length of the finished run from the top.
     void Finished(int& completed, int& prefix) {
         std::lock_guard lock(mutex_);
-        while (prefix_ < rows_ && done_[prefix_]) ++prefix_;
+        while (prefix_ < rows_ && done_[prefix_])
+            ++prefix_;
         completed = completed_;
         prefix = prefix_;
     }
 
-private:
+  private:
     void Work() {
         for (;;) {
             int row;
             {
                 std::unique_lock lock(mutex_);
                 wake_.wait(lock, [&] { return taken_ < released_ || stopping_; });
-                if (taken_ >= released_) return;
+                if (taken_ >= released_)
+                    return;
                 row = taken_++;
             }
             renderer_.Render(row);
@@ -143,27 +149,34 @@ private:
 };
 
 int ThreadCount(int requested) {
-    if (requested > 0) return requested;
+    if (requested > 0)
+        return requested;
     return std::max(1, int(std::thread::hardware_concurrency()));
 }
 
 }  // namespace
 
-int ScaleForSize(int size) { return int(std::lround((size - 19) * 0.5)); }
+int ScaleForSize(int size) {
+    return int(std::lround((size - 19) * 0.5));
+}
 
 std::uint32_t MapPixel(bool hit, double highlight, double red, double green, double blue,
                        const std::array<std::int32_t, 3>& backColour) {
-    if (!hit) return PackRgb(ClampByte(backColour[0]), ClampByte(backColour[1]),
-                             ClampByte(backColour[2]));
+    if (!hit)
+        return PackRgb(ClampByte(backColour[0]), ClampByte(backColour[1]),
+                       ClampByte(backColour[2]));
     const double h = highlight * kHighlightGain + kFloor;
     int channels[3];
     const double intensities[3] = {red, green, blue};
     for (int c = 0; c < 3; ++c) {
         double v = intensities[c] * kColourGain + kFloor;
-        if (v > kColourCap) v = kColourCap;
-        if (v < 0.0) v = 0.0;
+        if (v > kColourCap)
+            v = kColourCap;
+        if (v < 0.0)
+            v = 0.0;
         v += h;
-        if (v > kPixelCap) v = kPixelCap;
+        if (v > kPixelCap)
+            v = kPixelCap;
         channels[c] = int(std::lround(v));
     }
     return PackRgb(channels[0], channels[1], channels[2]);
@@ -187,14 +200,16 @@ int RenderFrame(const RenderParameters& parameters, const GemModel& model, Vec3 
     PrepareTracer(scene);
 
     const int size = geometry.size;
-    if (image.Width() != size || image.Height() != size) image.Create(size, size);
+    if (image.Width() != size || image.Height() != size)
+        image.Create(size, size);
     sink.RenderStarted();
     sink.RenderProgress(0);
 
     // High quality renders at twice the size and scale and shrinks the picture at the end.
     const int factor = parameters.highQuality ? 2 : 1;
     FrameImage large;
-    if (factor == 2) large.Create(2 * size, 2 * size);
+    if (factor == 2)
+        large.Create(2 * size, 2 * size);
     FrameImage& target = factor == 2 ? large : image;
     const int rows = target.Height();
     const int scale = int(std::lround(geometry.scale * double(factor)));

@@ -34,7 +34,7 @@ struct RenderGeometry {
 
 // The three notifications of a render, always called on the thread that runs RenderFrame.
 class RenderSink {
-public:
+  public:
     virtual ~RenderSink() = default;
     virtual void RenderStarted() = 0;
     virtual void RenderProgress(int percent) = 0;
@@ -77,7 +77,8 @@ std::uint32_t FirePixel(Trace&& trace, double stoneIndex, double spread,
     for (int i = 0; i < kFireSamples; ++i) {
         const double factor = (i - half) * (spread / half) + 1.0;
         hit = trace(stoneIndex * factor, r);
-        if (!hit) break;
+        if (!hit)
+            break;
         sums[0] += r.out5 * kFireWeights[i][0];
         sums[1] += r.out6 * kFireWeights[i][1];
         sums[2] += r.out7 * kFireWeights[i][2];

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cmath>
-
 #include <cstdint>
 
 #include "model/vec3.h"
@@ -18,7 +17,7 @@ namespace kirameki {
 // The back colour tints the light arriving from nowhere in particular. Values are in the
 // units of the frame renderer's colour gain: about 0.14 reads as full brightness.
 class Lighting {
-public:
+  public:
     Lighting() = default;
     Lighting(Vec3 lightDirection, const std::array<std::int32_t, 3>& volumes,
              const std::array<std::int32_t, 3>& backColour, bool narrowMainLight)
@@ -27,7 +26,8 @@ public:
           back_(kBackPeak * volumes[1] / 100.0),
           fill_(kFillLevel * volumes[2] / 100.0),
           highlightExponent_(narrowMainLight ? kNarrowHighlightExponent : kHighlightExponent) {
-        for (int c = 0; c < 3; ++c) backColour_[c] = kBackColourGain * backColour[c] / 255.0;
+        for (int c = 0; c < 3; ++c)
+            backColour_[c] = kBackColourGain * backColour[c] / 255.0;
     }
 
     // The main light's mirror image in a surface reflecting toward `reflected`, 0..volume.
@@ -51,7 +51,8 @@ public:
         const double f2 = facing * facing;
         const double key = main_ * f2 * f2 * f2;  // a soft lamp: cos^6 about its axis
         std::array<double, 3> light = Surroundings(e);
-        for (double& channel : light) channel += key;
+        for (double& channel : light)
+            channel += key;
         return light;
     }
 
@@ -62,7 +63,7 @@ public:
         return {even + backColour_[0], even + backColour_[1], even + backColour_[2]};
     }
 
-private:
+  private:
     static constexpr double kMainPeak = 0.30;
     static constexpr double kBackPeak = 0.05;
     static constexpr double kFillLevel = 0.025;

@@ -12,7 +12,8 @@ namespace kirameki::optics {
 inline double FresnelReflectance(double cosIncidence, double n1, double n2) {
     const double eta = n1 / n2;
     const double sin2t = eta * eta * (1.0 - cosIncidence * cosIncidence);
-    if (sin2t >= 1.0) return 1.0;
+    if (sin2t >= 1.0)
+        return 1.0;
     const double cosT = std::sqrt(1.0 - sin2t);
     const double rs = (n1 * cosIncidence - n2 * cosT) / (n1 * cosIncidence + n2 * cosT);
     const double rp = (n1 * cosT - n2 * cosIncidence) / (n1 * cosT + n2 * cosIncidence);
@@ -31,12 +32,15 @@ inline double NormalReflectance(double n1, double n2) {
 inline double ReflectanceWithR0(double cosIncidence, double n1, double n2, double r0) {
     const double exact = FresnelReflectance(cosIncidence, n1, n2);
     const double f0 = NormalReflectance(n1, n2);
-    if (f0 >= 1.0) return exact;
+    if (f0 >= 1.0)
+        return exact;
     return exact + (r0 - f0) * (1.0 - exact) / (1.0 - f0);
 }
 
 // Mirror reflection of direction d about a unit normal n (either orientation).
-inline Vec3 Reflect(Vec3 d, Vec3 n) { return d - n * (2.0 * Dot(d, n)); }
+inline Vec3 Reflect(Vec3 d, Vec3 n) {
+    return d - n * (2.0 * Dot(d, n));
+}
 
 // Snell's law: the refracted direction of unit d entering through a surface whose unit
 // normal n points into the new medium (d . n > 0), eta = n1 / n2. False on total internal
@@ -44,7 +48,8 @@ inline Vec3 Reflect(Vec3 d, Vec3 n) { return d - n * (2.0 * Dot(d, n)); }
 inline bool Refract(Vec3 d, Vec3 n, double eta, Vec3& out) {
     const double cosI = Dot(d, n);
     const double sin2t = eta * eta * (1.0 - cosI * cosI);
-    if (sin2t >= 1.0) return false;
+    if (sin2t >= 1.0)
+        return false;
     const double cosT = std::sqrt(1.0 - sin2t);
     out = d * eta + n * (cosT - eta * cosI);
     return true;
@@ -64,7 +69,8 @@ inline Split SplitAt(Vec3 d, Vec3 n, double n1, double n2) {
     const double eta = n1 / n2;
     const double sin2t = eta * eta * (1.0 - cosI * cosI);
     Split split;
-    if (sin2t >= 1.0) return split;
+    if (sin2t >= 1.0)
+        return split;
     const double cosT = std::sqrt(1.0 - sin2t);
     // rs = (a - b) / (a + b) and rp = (c - d) / (c + d), summed over one common divisor.
     const double a = n1 * cosI, b = n2 * cosT, c = n1 * cosT, e = n2 * cosI;

@@ -21,7 +21,9 @@ constexpr double kAbsorptionScale = 25.0;
 // light it still carries is counted as the average light of the surroundings.
 constexpr double kNegligible = 1e-3;
 
-Vec3 PlaneNormal(const TracerFaceArea& area, int i) { return {area.nx[i], area.ny[i], area.nz[i]}; }
+Vec3 PlaneNormal(const TracerFaceArea& area, int i) {
+    return {area.nx[i], area.ny[i], area.nz[i]};
+}
 
 // Signed distance of p above plane i (positive inside) and the ray's rate toward it.
 double Height(const TracerFaceArea& area, int i, Vec3 p) {
@@ -31,7 +33,7 @@ double Height(const TracerFaceArea& area, int i, Vec3 p) {
 // The reflectance of one kind of crossing (into or out of the stone), with the parts that
 // depend only on the two indices worked out once per ray.
 class Crossing {
-public:
+  public:
     Crossing(double from, double to, double lift) : from_(from), to_(to), lift_(lift) {}
     // Splits unit direction d at a surface whose unit normal n points into the new medium.
     optics::Split At(Vec3 d, Vec3 n) const {
@@ -40,7 +42,7 @@ public:
         return split;
     }
 
-private:
+  private:
     double from_, to_, lift_;
 };
 
@@ -80,18 +82,22 @@ int Trace_TraceVector(Vec3 origin, Vec3 direction, double outerIndex, double sto
     results = TraceResults{};
     results.out2 = -1.0;
     const TracerFaceArea& area = scene.work->faces;
-    if (area.faceCount == 0) return 0;
+    if (area.faceCount == 0)
+        return 0;
     const Vec3 d0 = Normalized(direction);
 
     const EntryFaces entry = area.search.entry(area, origin, d0);
-    if (entry.parallelOutside || entry.in < 0) return 0;
+    if (entry.parallelOutside || entry.in < 0)
+        return 0;
     const double tIn = -Height(area, entry.in, origin) / Dot(PlaneNormal(area, entry.in), d0);
     if (entry.out >= 0) {
         const double tOut =
             -Height(area, entry.out, origin) / Dot(PlaneNormal(area, entry.out), d0);
-        if (!(tIn < tOut)) return 0;
+        if (!(tIn < tOut))
+            return 0;
     }
-    if (!(tIn > 0.0)) return 0;
+    if (!(tIn > 0.0))
+        return 0;
 
     const Lighting& lighting = scene.work->lighting;
     // Reflectance at normal incidence is the same both ways; the exact Fresnel curve is
@@ -112,7 +118,8 @@ int Trace_TraceVector(Vec3 origin, Vec3 direction, double outerIndex, double sto
     const Vec3 reflected = optics::Reflect(d0, n);
     results.out4 = r * lighting.Highlight(reflected);
     std::array<double, 3> light = lighting.Surroundings(reflected);
-    for (double& channel : light) channel *= r;
+    for (double& channel : light)
+        channel *= r;
 
     Vec3 d = in.direction;
     if (!in.refracted) {
@@ -123,7 +130,8 @@ int Trace_TraceVector(Vec3 origin, Vec3 direction, double outerIndex, double sto
     }
     std::array<double, 3> throughput = {1.0 - r, 1.0 - r, 1.0 - r};
     std::array<double, 3> absorption{};
-    for (int c = 0; c < 3; ++c) absorption[c] = scene.stoneColour[c] * kAbsorptionScale;
+    for (int c = 0; c < 3; ++c)
+        absorption[c] = scene.stoneColour[c] * kAbsorptionScale;
 
     // Inside, the ray runs from face to face. Along each segment the stone colour absorbs
     // by Beer-Lambert, exp(-absorption * length); at each face the part that Fresnel lets
@@ -133,31 +141,38 @@ int Trace_TraceVector(Vec3 origin, Vec3 direction, double outerIndex, double sto
     double pathLength = 0.0;
     for (int level = startLevel; level < scene.depth; ++level) {
         const int face = area.search.exit(area, p, d);
-        if (face < 0) break;
+        if (face < 0)
+            break;
         const Vec3 inward = PlaneNormal(area, face);
         const double rate = Dot(inward, d);
-        if (!(rate < 0.0)) break;
+        if (!(rate < 0.0))
+            break;
         const double t = std::max(Height(area, face, p), 0.0) / -rate;
         ++segments;
         pathLength += t;
         p = p + d * t;
         for (int c = 0; c < 3; ++c)
-            if (absorption[c] != 0.0) throughput[c] *= std::exp(-absorption[c] * t);
+            if (absorption[c] != 0.0)
+                throughput[c] *= std::exp(-absorption[c] * t);
         const Vec3 outward = -inward;
         const optics::Split out = leaving.At(d, outward);
         r = out.reflectance;
         if (out.refracted) {
             const std::array<double, 3> seen = lighting.Radiance(out.direction);
-            for (int c = 0; c < 3; ++c) light[c] += throughput[c] * (1.0 - r) * seen[c];
+            for (int c = 0; c < 3; ++c)
+                light[c] += throughput[c] * (1.0 - r) * seen[c];
         }
         d = optics::Reflect(d, outward);
-        for (double& channel : throughput) channel *= r;
-        if (std::max({throughput[0], throughput[1], throughput[2]}) < kNegligible) break;
+        for (double& channel : throughput)
+            channel *= r;
+        if (std::max({throughput[0], throughput[1], throughput[2]}) < kNegligible)
+            break;
     }
     // Light still inside when the path is ended (the depth ran out, or too little is left to
     // matter) is counted as the average light of the surroundings rather than lost.
     const std::array<double, 3> average = lighting.Average();
-    for (int c = 0; c < 3; ++c) light[c] += throughput[c] * average[c];
+    for (int c = 0; c < 3; ++c)
+        light[c] += throughput[c] * average[c];
     results.out3 = segments;
     results.out5 = light[0];
     results.out6 = light[1];

@@ -1,6 +1,7 @@
+#include "output/capture_info.h"
+
 #include <gtest/gtest.h>
 
-#include "output/capture_info.h"
 #include "output/path_block.h"
 
 namespace kirameki {
@@ -16,7 +17,7 @@ struct Scene {
 
 TEST(CaptureInfo, RecordSizeFollowsTheModel) {
     Scene scene;
-    const std::pair<int, std::size_t> sizes[] = {{0, 272}, {14, 272}, {23, 288}, {24, 280},
+    const std::pair<int, std::size_t> sizes[] = {{0, 272},  {14, 272}, {23, 288}, {24, 280},
                                                  {25, 280}, {26, 276}, {27, 276}};
     for (const auto& [model, size] : sizes) {
         scene.settings.model = model;
@@ -32,7 +33,8 @@ TEST(CaptureInfo, ReadsBackTheWholeSceneFromTheSameBytes) {
     from.settings.trimming = {1, 2, 3, 4, 1, 7};
     from.capture = {17, 1, 0};
     from.settings.captureFrames = 64;
-    RotationStep(from.view.view, MakeFrame({0.1, 0.0, -std::sqrt(0.99)}, {std::sqrt(0.99), 0, 0.1}));
+    RotationStep(from.view.view,
+                 MakeFrame({0.1, 0.0, -std::sqrt(0.99)}, {std::sqrt(0.99), 0, 0.1}));
     const auto bytes = CaptureInfoBytes(from.State());
     Scene to;
     SceneState state = to.State();

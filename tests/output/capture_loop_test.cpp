@@ -1,10 +1,11 @@
+#include "output/capture_loop.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <memory>
 
 #include "model/model_builder.h"
-#include "output/capture_loop.h"
 #include "output/gif_compiler.h"
 #include "output/gif_files.h"
 #include "output/path_block.h"
@@ -15,7 +16,7 @@ namespace {
 namespace fs = std::filesystem;
 
 class CountingSink : public RenderSink {
-public:
+  public:
     int renders = 0;
     void RenderStarted() override { ++renders; }
     void RenderProgress(int) override {}
@@ -24,7 +25,7 @@ public:
 };
 
 class RecordingObserver : public CaptureObserver {
-public:
+  public:
     std::vector<int> frames;
     void FrameStarted(int index, int) override { frames.push_back(index); }
     void Turned(const GemModel&, const ViewState&) override {}
@@ -34,7 +35,7 @@ public:
 };
 
 class Capture : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         dir_ = fs::temp_directory_path() /
                ("kirameki-capture-" +
@@ -55,7 +56,9 @@ protected:
         view_ = run_.start;
         return RunCapture(run_, *model_, view_, *work_, image_, sink_, poll, observer_);
     }
-    bool Exists(int frame) const { return fs::exists(FrameFileName(run_.stem, frame, run_.frameCount)); }
+    bool Exists(int frame) const {
+        return fs::exists(FrameFileName(run_.stem, frame, run_.frameCount));
+    }
 
     fs::path dir_;
     std::unique_ptr<GemModel> model_ = std::make_unique<GemModel>();
@@ -69,7 +72,8 @@ protected:
 
 TEST_F(Capture, RendersEveryFrameThenTurnsBackToTheStart) {
     EXPECT_EQ(Run(), 6);
-    for (int k = 0; k < 6; ++k) EXPECT_TRUE(Exists(k)) << k;
+    for (int k = 0; k < 6; ++k)
+        EXPECT_TRUE(Exists(k)) << k;
     EXPECT_EQ(observer_.frames, (std::vector<int>{0, 1, 2, 3, 4, 5, 6}));
     EXPECT_EQ(view_.object.AxisA.x, run_.start.object.AxisA.x);
     // Frame 3 of 6 is half a turn: different from frame 0, and frame 6 would be frame 0.
@@ -89,7 +93,8 @@ TEST_F(Capture, AnAbortDropsTheFrameUnderRenderingAndAResumeCompletesTheSet) {
     sink_.renders = 0;
     EXPECT_EQ(Run(), 6);
     EXPECT_EQ(sink_.renders, 3);
-    for (int k = 0; k < 6; ++k) EXPECT_TRUE(Exists(k)) << k;
+    for (int k = 0; k < 6; ++k)
+        EXPECT_TRUE(Exists(k)) << k;
     // The existence check walks every frame and renders only what is missing.
     fs::remove(FrameFileName(run_.stem, 4, 6));
     run_.firstFrame = 0;
@@ -106,8 +111,8 @@ TEST_F(Capture, CompilesTheFramesInEitherDirectionAndRefusesAGap) {
     const std::string out = (dir_ / "Gem_ANI.gif").string();
     std::string message;
     std::vector<int> progress;
-    ASSERT_TRUE(CompileAnimatedGif(run_.stem, 4, 4, 1, out,
-                                   [&](int i, int) { progress.push_back(i); }, message))
+    ASSERT_TRUE(CompileAnimatedGif(
+        run_.stem, 4, 4, 1, out, [&](int i, int) { progress.push_back(i); }, message))
         << message;
     EXPECT_EQ(progress, (std::vector<int>{0, 1, 2, 3, 4}));
     EXPECT_NE(message.find(out), std::string::npos);

@@ -1,10 +1,11 @@
+#include "render/frame_renderer.h"
+
 #include <gtest/gtest.h>
 
 #include <memory>
 #include <vector>
 
 #include "model/model_builder.h"
-#include "render/frame_renderer.h"
 #include "render/preview_geometry.h"
 #include "render/view_state.h"
 
@@ -50,7 +51,7 @@ TEST(FirePixel, AMissOnTheLastSampleGivesTheBackColour) {
 
 // Records the notifications of one render.
 class RecordingSink : public RenderSink {
-public:
+  public:
     std::vector<int> progress;
     int started = 0, finished = 0, rowsShown = 0, lastRowShown = -1;
     bool rowsInOrder = true;
@@ -92,7 +93,8 @@ TEST(RenderFrame, ReportsProgressUpTo100AndShowsEveryRowInOrder) {
     ASSERT_GE(sink.progress.size(), 2u);
     EXPECT_EQ(sink.progress.front(), 0);
     EXPECT_EQ(sink.progress.back(), 100);
-    for (size_t i = 1; i < sink.progress.size(); ++i) EXPECT_GT(sink.progress[i], sink.progress[i - 1]);
+    for (size_t i = 1; i < sink.progress.size(); ++i)
+        EXPECT_GT(sink.progress[i], sink.progress[i - 1]);
     EXPECT_EQ(sink.rowsShown, 64);
     EXPECT_TRUE(sink.rowsInOrder);
     // The corner is background, the centre is stone.
@@ -144,7 +146,12 @@ TEST(RenderFrame, HighQualityRendersTwiceTheSizeAndShowsThePictureAtTheEnd) {
     FrameImage image;
     RecordingSink sink;
     int polls = 0;
-    EXPECT_EQ(scene.Render(image, sink, [&] { ++polls; return false; }), 1);
+    EXPECT_EQ(scene.Render(image, sink,
+                           [&] {
+                               ++polls;
+                               return false;
+                           }),
+              1);
     EXPECT_EQ(polls, 128);  // one per row of the double-size picture
     EXPECT_EQ(image.Width(), 64);
     EXPECT_EQ(sink.rowsShown, 64);

@@ -1,3 +1,5 @@
+#include "render/tracer.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -7,7 +9,6 @@
 #include "render/lighting.h"
 #include "render/optics.h"
 #include "render/preview_geometry.h"
-#include "render/tracer.h"
 #include "render/view_state.h"
 
 namespace kirameki {
@@ -80,7 +81,8 @@ TEST(Tracer, WithEvenLightNoEnergyIsLostWhateverTheDepth) {
         for (double x = -0.9; x <= 0.9; x += 0.05)
             for (double y = -0.9; y <= 0.9; y += 0.07) {
                 TraceResults r;
-                if (!stone.Trace(x, y, 2.42, r)) continue;
+                if (!stone.Trace(x, y, 2.42, r))
+                    continue;
                 ASSERT_NEAR(r.out5, even, 1e-12) << depth << " " << x << " " << y;
                 ASSERT_NEAR(r.out7, even, 1e-12);
             }
@@ -94,9 +96,9 @@ TEST(Tracer, AStoneOfIndexOneWithNoColourLetsTheRayStraightThrough) {
     const std::array<double, 3> behind = stone.work->lighting.Radiance({0, 0, 1});
     EXPECT_NEAR(r.out5, behind[0], 1e-12);
     EXPECT_NEAR(r.out6, behind[1], 1e-12);
-    EXPECT_EQ(r.out3, 1.0);                             // one segment inside
+    EXPECT_EQ(r.out3, 1.0);                            // one segment inside
     EXPECT_NEAR(r.out8, 2.0 / std::sqrt(3.0), 1e-12);  // the cube's thickness
-    EXPECT_EQ(r.out4, 0.0);                             // no reflection at index 1
+    EXPECT_EQ(r.out4, 0.0);                            // no reflection at index 1
 }
 
 TEST(Tracer, ColourAbsorbsMoreOverALongerPath) {

@@ -1,0 +1,33 @@
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
+#include "app/main_window.h"
+#include "app/qt_prompter.h"
+#include "app/title_window.h"
+#include "app/view_panel.h"
+#include "app/viewer_session.h"
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("Kirameki");
+    QTranslator qtTranslator, ourTranslator;
+    if (qtTranslator.load(QLocale(), "qtbase", "_",
+                          QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&qtTranslator);
+    if (ourTranslator.load(QLocale(), "kirameki", "_", ":/i18n"))
+        QApplication::installTranslator(&ourTranslator);
+
+    kirameki::QtPrompter prompter;
+    kirameki::ViewerSession session(kirameki::CurrentProgramPaths(), prompter);
+    kirameki::MainWindow window(session);
+    prompter.SetOwner(&window);
+    QObject::connect(&session.Sink(), &kirameki::QtWorkerSink::titleWindowRequested, &window,
+                     [&window] { (new kirameki::TitleWindow(&window))->show(); });
+    session.Scene().SetPanel({window.Panel().width(), window.Panel().height()});
+    window.show();
+    session.Start();
+    session.Client().Post(kirameki::kRedrawPreview);
+    return application.exec();
+}

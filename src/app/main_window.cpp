@@ -1,0 +1,505 @@
+#include "app/main_window.h"
+
+#include <QActionGroup>
+#include <QApplication>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "app/light_area.h"
+#include "app/render_window.h"
+#include "app/view_panel.h"
+#include "model/model_builder.h"
+#include "model/stone_choice.h"
+#include "model/stone_tables.h"
+#include "output/messages.h"
+
+namespace kirameki {
+
+namespace {
+
+constexpr const char* kProductName = "K i r a m e k i";
+constexpr const char* kVersion = "Version 0.1.0";
+
+bool Japanese() {
+    return QLocale().language() == QLocale::Japanese;
+}
+
+QString NameOf(std::string_view english, std::string_view japanese) {
+    const std::string_view text = Japanese() ? japanese : english;
+    return QString::fromUtf8(text.data(), qsizetype(text.size()));
+}
+
+QString IndexText(double index) {
+    return QString::number(index, 'f', 2);
+}
+
+}  // namespace
+
+MainWindow::MainWindow(ViewerSession& session, QWidget* parent)
+    : QMainWindow(parent), session_(session) {
+    setWindowTitle(tr("Kirameki"));
+    BuildMenus();
+    auto* central = new QWidget(this);
+    auto* layout = new QHBoxLayout(central);
+    panel_ = new ViewPanel(central);
+    layout->addWidget(panel_, 1);
+    layout->addWidget(BuildControls());
+    setCentralWidget(central);
+    renderWindow_ = new RenderWindow(this);
+    FillLists();
+    ShowChoice();
+    UpdateInfo();
+    ConnectWorker();
+    setFocusPolicy(Qt::StrongFocus);
+    qApp->installEventFilter(this);
+    resize(1040, 700);
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::BuildMenus() {
+    AppSettings& s = session_.Settings();
+    QMenu* file = menuBar()->addMenu(tr("File(&F)"));
+    file->addAction(tr("Exit (&X)"), this, &QWidget::close);
+
+    QMenu* view = menuBar()->addMenu(tr("View(&V)"));
+    showTitle_ = view->addAction(tr("Show Title (&T)"));
+    showTitle_->setCheckable(true);
+    showTitle_->setChecked(s.showTitleWindow != 0);
+    connect(showTitle_, &QAction::toggled, this, [this](bool on) {
+        session_.Settings().showTitleWindow = on;
+        session_.Commit();
+    });
+    topMost_ = view->addAction(tr("RenderWnd As TopMost (&R)"));
+    topMost_->setCheckable(true);
+    topMost_->setChecked(s.renderWindowTopMost != 0);
+    connect(topMost_, &QAction::toggled, this, [this](bool on) {
+        session_.Settings().renderWindowTopMost = on;
+        session_.Commit();
+    });
+
+    QMenu* colours = menuBar()->addMenu(tr("Polygon Color(&C)"));
+    const QString names[8] = {tr("White (&W)"),     tr("Red (&R)"),    tr("Green (&G)"),
+                              tr("Blue (&B)"),      tr("Yellow (&Y)"), tr("Purple (&P)"),
+                              tr("Chocolate (&C)"), tr("Orange (&O)")};
+    auto* group = new QActionGroup(this);
+    for (int i = 0; i < 8; ++i) {
+        QAction* action = colours->addAction(names[i]);
+        action->setCheckable(true);
+        action->setChecked(s.polygonColour == i);
+        group->addAction(action);
+        polygonColourActions_[i] = action;
+        connect(action, &QAction::triggered, this, [this, i] {
+            session_.Settings().polygonColour = i;
+            session_.Commit();
+            session_.Client().Post(kRedrawPreview);
+        });
+    }
+
+    QMenu* settings = menuBar()->addMenu(tr("Settings(&S)"));
+    settings->addAction(tr("BackColor / Light Volume (&L)"));
+    settings->addAction(tr("Size (&Z)"));
+    settings->addAction(tr("Transformable Models (&V)"));
+    settings->addAction(tr("General Settings (&S)"));
+    QMenu* shot = menuBar()->addMenu(tr("Screen Shot(&T)"));
+    shot->addAction(tr("Save (&S)"));
+    shot->addAction(tr("Restore Position (&R)"));
+    QMenu* capture = menuBar()->addMenu(tr("Automatic Screen Capture(&P)"));
+    capture->addAction(tr("New (&N)"));
+    capture->addAction(tr("Resume (&R)"));
+    capture->addAction(tr("Make Animated-GIF (&A)"));
+    QMenu* about = menuBar()->addMenu(tr("About(&A)"));
+    about->addAction(tr("Version Info. (&V)"), this, &MainWindow::ShowVersion);
+}
+
+QWidget* MainWindow::BuildControls() {
+    auto* column = new QWidget(this);
+    column->setFixedWidth(380);
+    auto* layout = new QVBoxLayout(column);
+
+    auto* stoneBox = new QGroupBox(tr("Stone"), column);
+    auto* grid = new QGridLayout(stoneBox);
+    stoneList_ = new QComboBox(stoneBox);
+    cutList_ = new QComboBox(stoneBox);
+    colourList_ = new QComboBox(stoneBox);
+    cutList_->setMaxVisibleItems(28);
+    indexField_ = new QLineEdit(stoneBox);
+    indexField_->setMaxLength(8);
+    grid->addWidget(new QLabel(tr("stone :"), stoneBox), 0, 0);
+    grid->addWidget(stoneList_, 0, 1);
+    grid->addWidget(new QLabel(tr("cut   :"), stoneBox), 1, 0);
+    grid->addWidget(cutList_, 1, 1);
+    grid->addWidget(new QLabel(tr("color :"), stoneBox), 2, 0);
+    grid->addWidget(colourList_, 2, 1);
+    grid->addWidget(new QLabel(tr("ref.idx :"), stoneBox), 3, 0);
+    grid->addWidget(indexField_, 3, 1);
+    layout->addWidget(stoneBox);
+
+    // The ten hold-to-rotate buttons: a press starts the turn, the release stops it.
+    auto* turnBox = new QGroupBox(tr("Rotation"), column);
+    auto* turns = new QGridLayout(turnBox);
+    struct Turn {
+        int id;
+        const char* label;
+        const char* tip;
+    };
+    const Turn buttons[10] = {
+        {1006, "→", QT_TR_NOOP("Turn around the Y axis")},
+        {1007, "←", QT_TR_NOOP("Turn around the Y axis, the other way")},
+        {1008, "↑", QT_TR_NOOP("Turn around the X axis")},
+        {1009, "↓", QT_TR_NOOP("Turn around the X axis, the other way")},
+        {1010, "↻", QT_TR_NOOP("Turn around the Z axis")},
+        {1011, "↺", QT_TR_NOOP("Turn around the Z axis, the other way")},
+        {1012, "☀→", QT_TR_NOOP("Turn the light ray around the Y axis")},
+        {1013, "☀←", QT_TR_NOOP("Turn the light ray around the Y axis, the other way")},
+        {1014, "☀↑", QT_TR_NOOP("Turn the light ray around the X axis")},
+        {1015, "☀↓", QT_TR_NOOP("Turn the light ray around the X axis, the other way")},
+    };
+    for (int i = 0; i < 10; ++i) {
+        auto* button = new QPushButton(QString::fromUtf8(buttons[i].label), turnBox);
+        button->setToolTip(tr(buttons[i].tip));
+        button->setFocusPolicy(Qt::NoFocus);
+        button->setAutoRepeat(false);
+        const int id = buttons[i].id;
+        connect(button, &QPushButton::pressed, this,
+                [this, id] { session_.Client().Post(kAnimateRotation, id); });
+        connect(button, &QPushButton::released, this, [this] {
+            session_.Client().PostStop();
+            setFocus();
+        });
+        turns->addWidget(button, i / 6, i % 6);
+    }
+    auto* reset = new QPushButton(tr("Reset View"), turnBox);
+    reset->setFocusPolicy(Qt::NoFocus);
+    connect(reset, &QPushButton::clicked, this, [this] { session_.Client().ResetOrientation(); });
+    turns->addWidget(reset, 1, 4, 1, 2);
+    objectWise_ = new QCheckBox(tr("Object-wise"), turnBox);
+    incremental_ = new QCheckBox(tr("Incremental view"), turnBox);
+    objectWise_->setChecked(session_.Settings().ObjectWiseMode != 0);
+    incremental_->setChecked(session_.Settings().IncrementalViewMode != 0);
+    connect(objectWise_, &QCheckBox::toggled, this, [this](bool on) { SetPanelToggle(true, on); });
+    connect(incremental_, &QCheckBox::toggled, this,
+            [this](bool on) { SetPanelToggle(false, on); });
+    turns->addWidget(objectWise_, 2, 0, 1, 3);
+    turns->addWidget(incremental_, 2, 3, 1, 3);
+    layout->addWidget(turnBox);
+
+    auto* renderRow = new QHBoxLayout;
+    renderButton_ = new QPushButton(tr("Ray-Trace"), column);
+    renderButton_->setDefault(true);
+    hqButton_ = new QPushButton(tr("HQ"), column);
+    hqButton_->setCheckable(true);
+    hqButton_->setChecked(session_.Settings().option4 != 0);
+    hqButton_->setToolTip(tr("High quality: render at twice the size and shrink"));
+    progressButton_ = new QPushButton(column);
+    progressButton_->setToolTip(tr("Click to abort the render"));
+    progressButton_->hide();
+    renderRow->addWidget(renderButton_, 2);
+    renderRow->addWidget(hqButton_, 1);
+    renderRow->addWidget(progressButton_, 1);
+    layout->addLayout(renderRow);
+    connect(renderButton_, &QPushButton::clicked, this, &MainWindow::RequestRender);
+    connect(hqButton_, &QPushButton::toggled, this, [this](bool on) {
+        session_.Settings().option4 = on;
+        session_.Commit();
+    });
+    connect(progressButton_, &QPushButton::clicked, this,
+            [this] { session_.Client().ConfirmAbort(kNowRendering); });
+
+    auto* infoRow = new QHBoxLayout;
+    info_ = new QLabel(column);
+    info_->setTextFormat(Qt::RichText);
+    info_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    lightArea_ = new LightArea(column);
+    infoRow->addWidget(info_, 1);
+    infoRow->addWidget(lightArea_, 0, Qt::AlignTop);
+    layout->addLayout(infoRow, 1);
+    choice_ = new QLabel(column);
+    layout->addWidget(choice_);
+
+    connect(stoneList_, qOverload<int>(&QComboBox::activated), this, &MainWindow::SelectStone);
+    connect(cutList_, qOverload<int>(&QComboBox::activated), this, &MainWindow::SelectCut);
+    connect(colourList_, qOverload<int>(&QComboBox::activated), this, &MainWindow::SelectColour);
+    connect(indexField_, &QLineEdit::editingFinished, this, &MainWindow::ReadBackIndex);
+    return column;
+}
+
+void MainWindow::FillLists() {
+    for (const StoneRecord& stone : Stones())
+        stoneList_->addItem(NameOf(stone.english, stone.japanese));
+    for (const CutName& cut : CutNames())
+        cutList_->addItem(NameOf(cut.english, cut.japanese));
+    for (const ColourRecord& colour : Colours())
+        colourList_->addItem(NameOf(colour.english, colour.japanese));
+}
+
+void MainWindow::ShowChoice() {
+    const AppSettings& s = session_.Settings();
+    // A value no list holds (from a damaged settings file) shows no entry rather than a
+    // wrong one; the render refuses it with a message.
+    stoneList_->setCurrentIndex(IsStoneIndex(s.stone) ? s.stone : -1);
+    cutList_->setCurrentIndex(HasGenerator(s.model) ? s.model : -1);
+    colourList_->setCurrentIndex(IsColourIndex(s.stoneColour) ? s.stoneColour : -1);
+    indexField_->setText(IndexText(s.refractiveIndex));
+    choice_->setText(QString("%1 %2   %3 %4   %5 %6   %7 %8")
+                         .arg(tr("stone :"), stoneList_->currentText(), tr("cut   :"),
+                              cutList_->currentText(), tr("color :"), colourList_->currentText(),
+                              tr("ref.idx :"), IndexText(s.refractiveIndex)));
+}
+
+void MainWindow::UpdateInfo() {
+    const bool objectWise = session_.Settings().ObjectWiseMode != 0;
+    QStringList lines;
+    lines << QString("<b>%1</b>").arg(kProductName) << tr(kVersion) << QString();
+    if (objectWise) {
+        lines << tr("cursor/z,x key") << tr("( object-wise )") << tr("rotation around local-")
+              << tr("up/down   : X-axis") << tr("right/left: Y-axis") << tr("z / x     : Z-axis")
+              << tr("[ light ray ]") << tr("shift + cursor key") << tr("rotation around-")
+              << tr("sft + up/down   : local X-axis") << tr("    + right/left: global Y-axis");
+    } else {
+        lines << tr("[ view point ]") << tr("rotation around -") << tr("local X-axis : up/down")
+              << tr("local Y-axis : right/left") << tr("local Z-axis : z / x")
+              << tr("[ light ray ]") << tr("local X-axis : shift + up/down")
+              << tr("global Y-axis : shift + right/left");
+    }
+    lines << QString() << tr("refractive index*") << tr("diamond  : 2.42")
+          << tr("vorane   : 1.70 ~1.89") << tr("sapphire : 1.76 ~1.77")
+          << tr("topaz    : 1.62 ~1.63") << tr("emerald  : 1.57 ~1.58")
+          << tr("crystal  : 1.54 ~1.55") << tr("glass    : 1.42 ~1.56") << tr("*refractive index =")
+          << tr("{ speed of light in a vacuum") << tr(" / speed of light in medium }");
+    QStringList escaped;
+    for (const QString& line : lines)
+        escaped << (line.startsWith("<b>") ? line : line.toHtmlEscaped().replace(' ', "&nbsp;"));
+    info_->setText("<span style='font-family:monospace; font-size:9pt'>" + escaped.join("<br>") +
+                   "</span>");
+}
+
+void MainWindow::ConnectWorker() {
+    QtWorkerSink& sink = session_.Sink();
+    connect(
+        &sink, &QtWorkerSink::previewReady, this,
+        [this](const QImage& picture, int size, double x, double y, double z, int target, bool) {
+            panel_->ShowPreview(picture, size);
+            lightArea_->SetLight(x, y, z);
+            lightArea_->SetTarget(target);
+        });
+    connect(&sink, &QtWorkerSink::renderStarted, this, [this] {
+        progress_ = 0;
+        progressButton_->setText(QString::asprintf("%d %%", 0));
+        progressButton_->show();
+        const AppSettings& s = session_.Settings();
+        if (s.separateRenderWindow)
+            renderWindow_->Prepare(s.imageSize, s.renderWindowTopMost != 0);
+        else
+            panel_->BeginRender(s.imageSize);
+    });
+    connect(&sink, &QtWorkerSink::renderProgress, this, [this](int percent) {
+        progress_ = percent;
+        progressButton_->setText(QString::asprintf("%d %%", percent));
+    });
+    connect(&sink, &QtWorkerSink::rowsRendered, this,
+            [this](const QImage& strip, int first, int size) {
+                if (session_.Settings().separateRenderWindow)
+                    renderWindow_->AddRows(strip, first, size);
+                else
+                    panel_->AddRows(strip, first, size);
+            });
+    connect(&sink, &QtWorkerSink::renderFinished, this, [this] {
+        session_.Client().RenderFinished();
+        progressButton_->hide();
+    });
+    connect(panel_, &ViewPanel::pressed, this, [this](QPoint p) {
+        if (!session_.Client().BeginDrag(1, p.x(), p.y()))
+            setFocus();
+    });
+    connect(panel_, &ViewPanel::moved, this,
+            [this](QPoint p) { session_.Client().Drag(p.x(), p.y()); });
+    connect(panel_, &ViewPanel::released, this, [this] { session_.Client().EndDrag(); });
+    connect(lightArea_, &LightArea::pressed, this,
+            [this](QPoint p) { session_.Client().BeginDrag(2, p.x(), p.y()); });
+    connect(lightArea_, &LightArea::moved, this,
+            [this](QPoint p) { session_.Client().Drag(p.x(), p.y()); });
+    connect(lightArea_, &LightArea::released, this, [this] { session_.Client().EndDrag(); });
+    connect(panel_, &ViewPanel::resized, this, [this](QSize size) {
+        session_.Scene().SetPanel({size.width(), size.height()});
+        session_.Client().Post(kInvalidateViewPanel);
+    });
+}
+
+void MainWindow::SelectStone(int index) {
+    session_.Keyboard().Pause();
+    StoneChoice choice;
+    if (kirameki::SelectStone(choice, index)) {
+        AppSettings& s = session_.Settings();
+        s.stone = choice.stone;
+        s.model = choice.model;
+        s.stoneColour = choice.colour;
+        s.refractiveIndex = choice.refractiveIndex;
+        session_.Commit();
+        session_.Client().Post(kBuildModel);
+    }
+    ShowChoice();
+    session_.Keyboard().Resume();
+}
+
+void MainWindow::SelectCut(int index) {
+    session_.Keyboard().Pause();
+    if (HasGenerator(index)) {
+        session_.Settings().model = index;
+        session_.Commit();
+        session_.Client().Post(kBuildModel);
+    }
+    ShowChoice();  // the separator line sets the list back to the current cut
+    session_.Keyboard().Resume();
+}
+
+void MainWindow::SelectColour(int index) {
+    session_.Keyboard().Pause();
+    if (IsColourIndex(index)) {
+        session_.Settings().stoneColour = index;
+        session_.Commit();
+    }
+    ShowChoice();
+    session_.Keyboard().Resume();
+}
+
+void MainWindow::ReadBackIndex() {
+    const auto value = ParseRefractiveIndex(indexField_->text().toStdString());
+    if (value) {
+        session_.Settings().refractiveIndex = ClampRefractiveIndex(*value);
+        session_.Commit();
+    }
+    ShowChoice();
+}
+
+bool MainWindow::CheckRefractiveIndex() {
+    const auto value = ParseRefractiveIndex(indexField_->text().toStdString());
+    if (value) {
+        session_.Settings().refractiveIndex = *value;
+        session_.Commit();
+    }
+    if (!value || !RefractiveIndexInRange(*value)) {
+        session_.Prompts().Tell(std::string(kRefractiveIndexRangeMessage), true);
+        indexField_->setFocus();
+        return false;
+    }
+    return true;
+}
+
+void MainWindow::RequestRender() {
+    if (session_.Client().Busy())
+        return;
+    if (!CheckRefractiveIndex())
+        return;
+    session_.Commit();
+    session_.Client().Render();
+}
+
+void MainWindow::SetPanelToggle(bool objectWise, bool on) {
+    AppSettings& s = session_.Settings();
+    // The two toggles exclude each other; both may be off.
+    if (objectWise) {
+        s.ObjectWiseMode = on;
+        if (on)
+            s.IncrementalViewMode = 0;
+    } else {
+        s.IncrementalViewMode = on;
+        if (on)
+            s.ObjectWiseMode = 0;
+    }
+    const QSignalBlocker a(objectWise_), b(incremental_);
+    objectWise_->setChecked(s.ObjectWiseMode != 0);
+    incremental_->setChecked(s.IncrementalViewMode != 0);
+    session_.Commit();
+    UpdateInfo();
+    session_.Client().Post(kRedrawPreview);
+}
+
+void MainWindow::ShowVersion() {
+    QMessageBox::about(this, tr("Version Info."),
+                       QString("<b>%1</b><br>%2<br><br>%3")
+                           .arg(kProductName, tr(kVersion),
+                                tr("A viewer and ray-tracing renderer for cut gemstones.")));
+}
+
+bool MainWindow::KeyEvent(QKeyEvent* event, bool down) {
+    if (event->isAutoRepeat())
+        return true;
+    KeyStateTable& keys = session_.Keys();
+    switch (event->key()) {
+        case Qt::Key_Left:
+            keys.SetDown(Key::kLeft, down);
+            return true;
+        case Qt::Key_Right:
+            keys.SetDown(Key::kRight, down);
+            return true;
+        case Qt::Key_Up:
+            keys.SetDown(Key::kUp, down);
+            return true;
+        case Qt::Key_Down:
+            keys.SetDown(Key::kDown, down);
+            return true;
+        case Qt::Key_X:
+            keys.SetDown(Key::kX, down);
+            return true;
+        case Qt::Key_Z:
+            keys.SetDown(Key::kZ, down);
+            return true;
+        case Qt::Key_Shift:
+            keys.SetDown(Key::kShift, down);
+            return true;
+        case Qt::Key_L:
+            keys.SetDown(Key::kL, down);
+            return true;
+        case Qt::Key_D:
+            keys.SetDown(Key::kD, down);
+            return true;
+        case Qt::Key_T:
+            keys.SetDown(Key::kT, down);
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    // Keys count wherever the focus is inside the program, as the keyboard thread expects;
+    // the event still goes on to the widget that has the focus.
+    if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease)
+        KeyEvent(static_cast<QKeyEvent*>(event), event->type() == QEvent::KeyPress);
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+    // Keys count while the application is active: leaving it lets every key go.
+    if (event->type() == QEvent::ActivationChange && !isActiveWindow())
+        session_.Keys().ReleaseAll();
+    QMainWindow::changeEvent(event);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    ReadBackIndex();
+    if (!session_.Client().MayClose()) {
+        event->ignore();
+        return;
+    }
+    session_.Stop();
+    std::string error;
+    if (!session_.SaveSettings(error))
+        session_.Prompts().Tell(messages::kFailedToOpenFile, true);
+    renderWindow_->close();
+    event->accept();
+}
+
+}  // namespace kirameki

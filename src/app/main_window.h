@@ -1,0 +1,91 @@
+#pragma once
+
+#include <QMainWindow>
+#include <array>
+
+#include "app/viewer_session.h"
+
+class QAction;
+class QActionGroup;
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace kirameki {
+
+class LightArea;
+class RenderWindow;
+class ViewPanel;
+
+// The main window: menus, the stone, cut and colour lists with the refractive index, the
+// hold-to-rotate buttons, the render command with its progress/abort button, the view
+// panel and the information panel. Every piece of work goes to the worker.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+  public:
+    explicit MainWindow(ViewerSession& session, QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    // For tests and the screen-shot flows.
+    ViewPanel& Panel() { return *panel_; }
+    QPushButton& ProgressButton() { return *progressButton_; }
+    QPushButton& RenderButton() { return *renderButton_; }
+    QComboBox& StoneList() { return *stoneList_; }
+    QComboBox& CutList() { return *cutList_; }
+    QComboBox& ColourList() { return *colourList_; }
+    QLineEdit& IndexField() { return *indexField_; }
+    QAction& PolygonColourAction(int index) { return *polygonColourActions_[index]; }
+    QAction& ShowTitleAction() { return *showTitle_; }
+    QAction& TopMostAction() { return *topMost_; }
+
+    // The render command: checks the refractive index, then posts the render.
+    void RequestRender();
+    // The refractive index check before a render or capture (with its message).
+    bool CheckRefractiveIndex();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+  private:
+    void BuildMenus();
+    QWidget* BuildControls();
+    void FillLists();
+    void ShowChoice();
+    void UpdateInfo();
+    void ConnectWorker();
+    void SelectStone(int index);
+    void SelectCut(int index);
+    void SelectColour(int index);
+    void ReadBackIndex();
+    void SetPanelToggle(bool objectWise, bool on);
+    void ShowVersion();
+    bool KeyEvent(QKeyEvent* event, bool down);
+
+    ViewerSession& session_;
+    ViewPanel* panel_ = nullptr;
+    LightArea* lightArea_ = nullptr;
+    RenderWindow* renderWindow_ = nullptr;
+    QComboBox* stoneList_ = nullptr;
+    QComboBox* cutList_ = nullptr;
+    QComboBox* colourList_ = nullptr;
+    QLineEdit* indexField_ = nullptr;
+    QPushButton* renderButton_ = nullptr;
+    QPushButton* progressButton_ = nullptr;
+    QPushButton* hqButton_ = nullptr;
+    QCheckBox* objectWise_ = nullptr;
+    QCheckBox* incremental_ = nullptr;
+    QLabel* info_ = nullptr;
+    QLabel* choice_ = nullptr;
+    QAction* showTitle_ = nullptr;
+    QAction* topMost_ = nullptr;
+    std::array<QAction*, 8> polygonColourActions_{};
+    int progress_ = 0;
+    bool closing_ = false;
+};
+
+}  // namespace kirameki

@@ -1,0 +1,97 @@
+#include "app/shared_scene.h"
+
+namespace kirameki {
+
+AppSettings SharedScene::Settings() const {
+    std::lock_guard lock(mutex_);
+    return settings_;
+}
+
+void SharedScene::UpdateSettings(const std::function<void(AppSettings&)>& change) {
+    std::lock_guard lock(mutex_);
+    change(settings_);
+}
+
+PanelSize SharedScene::Panel() const {
+    std::lock_guard lock(mutex_);
+    return panel_;
+}
+
+void SharedScene::SetPanel(PanelSize panel) {
+    std::lock_guard lock(mutex_);
+    panel_ = panel;
+}
+
+void SharedScene::RequestView(const ViewState& view) {
+    std::lock_guard lock(mutex_);
+    requestedView_ = view;
+}
+
+std::optional<ViewState> SharedScene::TakeRequestedView() {
+    std::lock_guard lock(mutex_);
+    std::optional<ViewState> view;
+    view.swap(requestedView_);
+    return view;
+}
+
+ViewState SharedScene::ShownView() const {
+    std::lock_guard lock(mutex_);
+    return requestedView_ ? *requestedView_ : shownView_;
+}
+
+void SharedScene::PublishView(const ViewState& view) {
+    std::lock_guard lock(mutex_);
+    shownView_ = view;
+}
+
+FrameImage SharedScene::LastFrame() const {
+    std::lock_guard lock(mutex_);
+    return lastFrame_;
+}
+
+void SharedScene::PublishFrame(const FrameImage& image) {
+    std::lock_guard lock(mutex_);
+    lastFrame_ = image;
+}
+
+void SharedScene::SetCaptureRun(const CaptureRun& run) {
+    std::lock_guard lock(mutex_);
+    captureRun_ = run;
+}
+
+CaptureRun SharedScene::TakeCaptureRun() const {
+    std::lock_guard lock(mutex_);
+    return captureRun_;
+}
+
+int SharedScene::CapturedFrames() const {
+    std::lock_guard lock(mutex_);
+    return capturedFrames_;
+}
+
+void SharedScene::SetCapturedFrames(int frames) {
+    std::lock_guard lock(mutex_);
+    capturedFrames_ = frames;
+}
+
+void SharedScene::SetGifJob(const GifJob& job) {
+    std::lock_guard lock(mutex_);
+    gif_ = job;
+}
+
+GifJob SharedScene::Gif() const {
+    std::lock_guard lock(mutex_);
+    return gif_;
+}
+
+std::string SharedScene::GifMessage() const {
+    std::lock_guard lock(mutex_);
+    return gifMessage_;
+}
+
+void SharedScene::SetGifMessage(const std::string& message) {
+    std::lock_guard lock(mutex_);
+    gifMessage_ = message;
+}
+
+}  // namespace kirameki

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+
+namespace kirameki {
+
+// The view panel: the shaded surface model the worker drew, or the ray-traced picture
+// centred in it, appearing row by row as the render runs.
+class ViewPanel : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit ViewPanel(QWidget* parent = nullptr);
+
+    void ShowPreview(const QImage& preview, int imageSize);
+    void BeginRender(int size);
+    void AddRows(const QImage& strip, int first, int size);
+    // Margins (top, bottom, left, right) of the trimming frame; all negative hides it.
+    void SetTrimmingFrame(bool shown, int top, int bottom, int left, int right);
+    bool ShowsRender() const { return showsRender_; }
+    const QImage& RenderedPicture() const { return render_; }
+
+  signals:
+    void pressed(QPoint point);
+    void moved(QPoint point);
+    void released();
+    void resized(QSize size);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    QRect ImageRect(int size) const;
+
+    QImage preview_;
+    QImage render_;
+    int imageSize_ = 270;
+    bool showsRender_ = false;
+    bool trimmingShown_ = false;
+    int margins_[4] = {0, 0, 0, 0};
+};
+
+}  // namespace kirameki

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "app/key_state.h"
+#include "app/keyboard_thread.h"
+#include "app/message_queue.h"
+#include "app/program_paths.h"
+#include "app/prompter.h"
+#include "app/qt_worker_sink.h"
+#include "app/shared_scene.h"
+#include "app/worker.h"
+#include "app/worker_client.h"
+
+namespace kirameki {
+
+// Everything the viewer runs on, owned in one place and handed to the windows by
+// reference: the settings, the scene shared with the worker, the worker and keyboard
+// threads and the window thread's half of their protocol.
+class ViewerSession {
+  public:
+    ViewerSession(const ProgramPaths& paths, Prompter& prompter);
+    ~ViewerSession();
+
+    // Starts the worker (which builds the first model) and the keyboard thread.
+    void Start();
+    // Stops both threads; settings are kept.
+    void Stop();
+
+    // The window thread's copy of the settings; Commit hands changes to the worker.
+    AppSettings& Settings() { return settings_; }
+    void Commit();
+
+    bool SaveSettings(std::string& error) const;
+
+    const ProgramPaths& Paths() const { return paths_; }
+    SharedScene& Scene() { return scene_; }
+    QtWorkerSink& Sink() { return sink_; }
+    WorkerClient& Client() { return client_; }
+    KeyStateTable& Keys() { return keys_; }
+    KeyboardThread& Keyboard() { return *keyboard_; }
+    Prompter& Prompts() { return prompter_; }
+
+  private:
+    class KeyboardPoster;
+
+    ProgramPaths paths_;
+    Prompter& prompter_;
+    AppSettings settings_;
+    SharedScene scene_;
+    ManualResetEvent idle_{true};
+    QtWorkerSink sink_;
+    Worker worker_;
+    WorkerClient client_;
+    KeyStateTable keys_;
+    std::unique_ptr<KeyboardPoster> poster_;
+    std::unique_ptr<KeyboardThread> keyboard_;
+    bool started_ = false;
+};
+
+}  // namespace kirameki

@@ -1,0 +1,313 @@
+#include "app/worker.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+
+#include "app/drag_rotation.h"
+#include "model/model_builder.h"
+#include "model/stone_tables.h"
+#include "output/capture_info.h"
+#include "output/gif_compiler.h"
+#include "render/frame_renderer.h"
+#include "render/rotation_steps.h"
+
+namespace kirameki {
+
+namespace {
+
+// Forwards the frame renderer's notifications to the worker's sink.
+class RenderForwarder : public RenderSink {
+  public:
+    explicit RenderForwarder(WorkerSink& sink) : sink_(sink) {}
+    void RenderStarted() override { sink_.RenderStarted(); }
+    void RenderProgress(int percent) override { sink_.RenderProgress(percent); }
+    void RowsRendered(const FrameImage& image, int first, int last) override {
+        sink_.RenderRows(image, first, last);
+    }
+    void RenderFinished() override { sink_.RenderFinished(); }
+
+  private:
+    WorkerSink& sink_;
+};
+
+// A capture tells the progress window and redraws the panel as the stone turns; its
+// renders tell the render window nothing more than a plain render does.
+class CaptureForwarder : public CaptureObserver {
+  public:
+    CaptureForwarder(WorkerSink& sink, const std::function<void()>& redraw)
+        : sink_(sink), redraw_(redraw) {}
+    void FrameStarted(int index, int frameCount) override {
+        sink_.CaptureProgress(index, frameCount);
+    }
+    void Turned(const GemModel&, const ViewState&) override { redraw_(); }
+    void FrameNotSaved(const std::string&, const std::string&) override {}
+
+  private:
+    WorkerSink& sink_;
+    std::function<void()> redraw_;
+};
+
+RenderParameters ParametersOf(const AppSettings& s) {
+    RenderParameters p;
+    p.stoneColour = Colours()[s.stoneColour].absorption;
+    p.stoneIndex = s.refractiveIndex;
+    p.fireSpread = Stones()[s.stone].coefficient;
+    p.depth = std::clamp(s.recursionDepth, 1, 20);
+    p.highQuality = s.option4 != 0;
+    p.fire = s.option5 != 0;
+    p.backColour = {s.backColour[0], s.backColour[1], s.backColour[2]};
+    p.lightVolumes = {std::clamp(s.mainLightVolume, 0, 200), std::clamp(s.backLightVolume, 0, 200),
+                      std::clamp(s.fillLightVolume, 0, 200)};
+    p.narrowMainLight = s.lightOption;
+    return p;
+}
+
+}  // namespace
+
+Worker::Worker(SharedScene& scene, WorkerSink& sink, ManualResetEvent& idle)
+    : scene_(scene), sink_(sink), idle_(idle) {}
+
+Worker::~Worker() {
+    Quit();
+}
+
+void Worker::Start() {
+    settings_ = scene_.Settings();
+    BuildModel(settings_.model, settings_.modelParameters, *model_);
+    TransformVertices(view_, *model_);
+    thread_ = std::thread([this] { Run(); });
+}
+
+void Worker::Quit() {
+    queue_.Quit();
+    if (thread_.joinable())
+        thread_.join();
+}
+
+void Worker::Run() {
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    if (scene_.Settings().showTitleWindow)
+        sink_.OpenTitleWindow();
+    ThreadMessage message;
+    while (queue_.Get(message)) {
+        // Anything but a command (a late stop or abort nobody polled) is fetched and dropped.
+        if (message.message != kWorkerCommandMessage)
+            continue;
+        Dispatch(message.wParam, message.lParam);
+    }
+}
+
+void Worker::Dispatch(int command, int argument) {
+    settings_ = scene_.Settings();
+    AdoptRequestedView();
+    switch (command) {
+        case kRedrawPreview:
+        case kInvalidateViewPanel:
+            Redraw();
+            break;
+        case kBuildModel:
+            BuildModel(settings_.model, settings_.modelParameters, *model_);
+            Redraw();
+            break;
+        case kRenderFrame:
+            RenderFrameCommand();
+            idle_.Set();
+            break;
+        case kAnimateRotation:
+            AnimateRotation(argument);
+            break;
+        case kBeginViewDrag:
+            BeginViewDrag(argument);
+            break;
+        case kBeginLightDrag:
+            drag_.startX = PointX(argument);
+            drag_.startY = PointY(argument);
+            break;
+        case kViewDrag:
+            ViewDrag(argument);
+            idle_.Set();
+            break;
+        case kLightDrag:
+            LightDrag(argument);
+            idle_.Set();
+            break;
+        case kResetOrientation:
+            ResetOrientation();
+            idle_.Set();
+            break;
+        case kCaptureFrames:
+            CaptureFrames(argument);
+            break;
+        case kCompileAnimatedGif:
+            CompileAnimatedGif();
+            break;
+        default:
+            break;  // an abort with nothing to abort, or an unknown code
+    }
+}
+
+void Worker::AdoptRequestedView() {
+    if (auto view = scene_.TakeRequestedView()) {
+        view_ = *view;
+        drag_.target = drag_.previousTarget = kTargetNone;
+    }
+}
+
+void Worker::Redraw() {
+    TransformVertices(view_, *model_);
+    const PanelSize panel = scene_.Panel();
+    const int size = std::clamp(settings_.imageSize, 32, 512);
+    const PanelGeometry geometry{panel.width * 0.5, panel.height * 0.5, double(ScaleForSize(size))};
+    const std::array<double, 3>& colour =
+        PolygonColours()[IsPolygonColourIndex(settings_.polygonColour) ? settings_.polygonColour
+                                                                       : 1];
+    ComputePreview(*model_, view_.LightDirection, colour, geometry, *preview_);
+    const bool changed = drag_.target != drag_.previousTarget;
+    drag_.previousTarget = drag_.target;
+    sink_.PreviewDrawn({*preview_, panel, size, view_.LightDirection, drag_.target, changed});
+    scene_.PublishView(view_);
+}
+
+bool Worker::AbortRequested() {
+    const auto message = queue_.Peek();
+    return message && message->wParam == kAbortJob;
+}
+
+void Worker::RenderFrameCommand() {
+    TransformVertices(view_, *model_);
+    WriteAllFaceData(*model_);
+    RenderForwarder forward(sink_);
+    if (!SceneProblem(settings_).empty()) {
+        // The window thread checks the scene before posting; a damaged one renders nothing.
+        sink_.RenderStarted();
+        sink_.RenderProgress(0);
+        sink_.RenderFinished();
+        return;
+    }
+    const int size = settings_.imageSize;
+    RenderFrame(ParametersOf(settings_), *model_, view_.LightDirection, {size, ScaleForSize(size)},
+                *work_, image_, forward, [this] { return AbortRequested(); });
+    scene_.PublishFrame(image_);
+}
+
+void Worker::AnimateRotation(int identifier) {
+    const RotationKind kind = ClassifyRotation(identifier);
+    const auto step = StepFrame(kind);
+    for (;;) {
+        const auto message = queue_.Peek();
+        if (message && message->message == kStopAnimationMessage)
+            return;
+        if (step && kind.light) {
+            drag_.target = kTargetLight;
+            RotationStep(view_.light, *step);
+            view_.LightDirection = LightDirectionOf(view_.light);
+            Redraw();
+            std::this_thread::sleep_for(std::chrono::milliseconds(40));
+            continue;
+        }
+        if (step && settings_.ObjectWiseMode) {
+            drag_.target = kTargetObject;
+            LocalRotationStep(view_.object, *step);
+        } else if (step) {
+            drag_.target = kTargetViewPoint;
+            RotationStep(view_.view, *step);
+        }
+        Redraw();
+        // Fewer visible faces, a longer pause: the turn keeps an even pace.
+        const long pause = std::lround(settings_.rotationSpeed - 0.25 * preview_->facesDrawn);
+        if (pause > 0)
+            std::this_thread::sleep_for(std::chrono::milliseconds(pause));
+    }
+}
+
+void Worker::BeginViewDrag(int point) {
+    drag_.startX = drag_.currentX = PointX(point);
+    drag_.startY = drag_.currentY = PointY(point);
+    drag_.hasSnapshot = true;
+    if (settings_.ObjectWiseMode)
+        drag_.snapshot = view_.object;
+    else if (!settings_.IncrementalViewMode)
+        drag_.snapshot = view_.view;
+    else
+        drag_.hasSnapshot = false;
+}
+
+void Worker::ViewDrag(int point) {
+    drag_.currentX = PointX(point);
+    drag_.currentY = PointY(point);
+    const int span = std::min(scene_.Panel().width, scene_.Panel().height);
+    const int dx = drag_.currentX - drag_.startX, dy = drag_.currentY - drag_.startY;
+    if (settings_.ObjectWiseMode) {
+        drag_.target = kTargetObject;
+        if (drag_.hasSnapshot)
+            view_.object = drag_.snapshot;
+        TurnByDrag(view_.object, dx, dy, span);
+    } else {
+        drag_.target = kTargetViewPoint;
+        if (settings_.IncrementalViewMode) {
+            drag_.mirroredX = 2 * drag_.startX - drag_.currentX;
+            drag_.mirroredY = 2 * drag_.startY - drag_.currentY;
+            TurnByDrag(view_.view, dx, dy, span);
+            drag_.startX = drag_.currentX;
+            drag_.startY = drag_.currentY;
+        } else {
+            if (drag_.hasSnapshot)
+                view_.view = drag_.snapshot;
+            TurnByDrag(view_.view, dx, dy, span);
+        }
+    }
+    Redraw();
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+}
+
+void Worker::LightDrag(int point) {
+    drag_.currentX = PointX(point);
+    drag_.currentY = PointY(point);
+    drag_.target = kTargetLight;
+    TurnByDrag(view_.light, drag_.currentX - drag_.startX, drag_.currentY - drag_.startY, 120);
+    view_.LightDirection = LightDirectionOf(view_.light);
+    drag_.startX = drag_.currentX;
+    drag_.startY = drag_.currentY;
+    Redraw();
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+}
+
+void Worker::ResetOrientation() {
+    view_.view = OrientationFrame{};  // looking along (0, 0, -1) from the front
+    drag_.target = drag_.previousTarget = kTargetNone;
+    Redraw();
+}
+
+void Worker::CaptureFrames(int existenceCheck) {
+    CaptureRun run = scene_.TakeCaptureRun();
+    run.existenceCheck = existenceCheck != 0;
+    BuildModel(settings_.model, settings_.modelParameters, *model_);
+    CaptureForwarder observer(sink_, [this] { Redraw(); });
+    RenderForwarder forward(sink_);
+    int captured = run.firstFrame;
+    if (SceneProblem(settings_).empty()) {
+        run.parameters = ParametersOf(settings_);
+        run.geometry = {settings_.imageSize, ScaleForSize(settings_.imageSize)};
+        captured = RunCapture(
+            run, *model_, view_, *work_, image_, forward, [this] { return AbortRequested(); },
+            observer);
+        scene_.PublishFrame(image_);
+    }
+    scene_.SetCapturedFrames(captured);
+    scene_.PublishView(view_);
+    sink_.CaptureFinished(captured == run.frameCount ? 1 : 2);
+    sink_.RenderFinished();
+}
+
+void Worker::CompileAnimatedGif() {
+    const GifJob job = scene_.Gif();
+    std::string message;
+    const bool ok = kirameki::CompileAnimatedGif(
+        job.stem, job.frameCount, job.delay, job.direction, job.output,
+        [this](int frame, int count) { sink_.GifProgress(frame, count); }, message);
+    scene_.SetGifMessage(message);
+    sink_.GifFinished(ok ? 1 : 2);
+}
+
+}  // namespace kirameki
