@@ -1,0 +1,184 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+#include "app/worker.h"
+#include "app/worker_client.h"
+
+namespace kirameki {
+namespace {
+
+using namespace std::chrono_literals;
+
+// Records the worker's notifications; waits for them from the test thread.
+class RecordingSink : public WorkerSink {
+public:
+    void OpenTitleWindow() override { Add("title"); }
+    void PreviewDrawn(const PreviewPicture&) override { Add("preview"); }
+    void RenderStarted() override { Add("started"); }
+    void RenderProgress(int percent) override {
+        std::lock_guard lock(mutex_);
+        progress_.push_back(percent);
+    }
+    void RenderRows(const FrameImage&, int, int) override {}
+    void RenderFinished() override { Add("finished"); }
+    void CaptureProgress(int, int) override {}
+    void CaptureFinished(int) override {}
+    void GifProgress(int, int) override {}
+    void GifFinished(int) override {}
+
+    int Count(const std::string& event) {
+        std::lock_guard lock(mutex_);
+        return int(std::count(events_.begin(), events_.end(), event));
+    }
+    bool WaitFor(const std::string& event, int count, std::chrono::milliseconds timeout = 20s) {
+        std::unique_lock lock(mutex_);
+        return changed_.wait_for(lock, timeout, [&] {
+            return std::count(events_.begin(), events_.end(), event) >= count;
+        });
+    }
+    std::vector<int> Progress() {
+        std::lock_guard lock(mutex_);
+        return progress_;
+    }
+
+private:
+    void Add(const std::string& event) {
+        {
+            std::lock_guard lock(mutex_);
+            events_.push_back(event);
+        }
+        changed_.notify_all();
+    }
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::vector<std::string> events_;
+    std::vector<int> progress_;
+};
+
+class ScriptedPrompter : public Prompter {
+public:
+    bool answer = false;
+    int asked = 0;
+    bool AskYesNo(const std::string&) override {
+        ++asked;
+        return answer;
+    }
+    void Tell(const std::string&, bool) override {}
+};
+
+AppSettings SmallScene(int size) {
+    AppSettings s;
+    LoadDefaults(s, {"/s/", "/c/"});
+    s.showTitleWindow = 0;
+    s.imageSize = size;
+    return s;
+}
+
+struct Protocol {
+    explicit Protocol(int size = 64) : scene(SmallScene(size)), worker(scene, sink, idle), client(worker, prompter, idle) {
+        worker.Start();
+    }
+    ~Protocol() {
+        worker.PostStop();
+        worker.Post(kAbortJob);
+        worker.Quit();
+    }
+    void FinishRender() {
+        ASSERT_TRUE(sink.WaitFor("finished", ++renders));
+        client.RenderFinished();  // the window's handling of the notification
+    }
+    SharedScene scene;
+    ManualResetEvent idle{true};
+    RecordingSink sink;
+    ScriptedPrompter prompter;
+    Worker worker;
+    WorkerClient client;
+    int renders = 0;
+};
+
+TEST(WorkerProtocol, ARenderRunsToTheEndAndALateAbortIsDropped) {
+    Protocol p;
+    ASSERT_TRUE(p.client.Render());
+    EXPECT_FALSE(p.idle.IsSet());
+    p.FinishRender();
+    EXPECT_TRUE(p.idle.Wait(5s));
+    EXPECT_EQ(p.sink.Progress().back(), 100);
+    EXPECT_EQ(p.scene.LastFrame().Width(), 64);
+    // An abort that arrives when nothing runs is fetched and forgotten.
+    p.worker.Post(kAbortJob);
+    ASSERT_TRUE(p.client.Render());
+    p.FinishRender();
+    EXPECT_EQ(p.sink.Progress().back(), 100);
+}
+
+TEST(WorkerProtocol, TheBusyRuleAsksAndOnlyYesAborts) {
+    Protocol p(512);
+    p.scene.UpdateSettings([](AppSettings& s) { s.option4 = 1; s.recursionDepth = 20; });
+    ASSERT_TRUE(p.client.Render());
+    // A second render while one runs is not carried out; "No" lets the first go on.
+    p.prompter.answer = false;
+    EXPECT_FALSE(p.client.Render());
+    EXPECT_EQ(p.prompter.asked, 1);
+    // A press in the view panel is ignored while the render holds the idle event.
+    EXPECT_FALSE(p.client.BeginDrag(1, 10, 10));
+    p.prompter.answer = true;
+    EXPECT_TRUE(p.client.Busy());
+    p.FinishRender();
+    EXPECT_LT(p.sink.Progress().back(), 100);
+    EXPECT_FALSE(p.client.Busy());
+}
+
+TEST(WorkerProtocol, ARenderPollEatsARotationRequest) {
+    Protocol p(512);
+    p.scene.UpdateSettings([](AppSettings& s) { s.option4 = 1; });
+    ASSERT_TRUE(p.client.Render());
+    ASSERT_TRUE(p.sink.WaitFor("started", 1));
+    p.client.Post(kAnimateRotation, 1006);  // taken by the render's poll and lost
+    p.FinishRender();
+    const int previews = p.sink.Count("preview");
+    std::this_thread::sleep_for(200ms);
+    EXPECT_EQ(p.sink.Count("preview"), previews) << "no rotation may run after the render";
+    EXPECT_EQ(p.sink.Progress().back(), 100);
+}
+
+TEST(WorkerProtocol, HeldRotationTurnsUntilStoppedAndDragsAreThrottled) {
+    Protocol p;
+    p.scene.UpdateSettings([](AppSettings& s) { s.rotationSpeed = 1; });
+    const ViewState before = p.scene.ShownView();
+    p.client.Post(kAnimateRotation, 1006);
+    ASSERT_TRUE(p.sink.WaitFor("preview", 3));
+    p.client.PostStop();
+    p.client.Post(kRedrawPreview);  // queued behind the stop: runs once the loop ended
+    const int previews = p.sink.Count("preview");
+    ASSERT_TRUE(p.sink.WaitFor("preview", previews + 1));
+    std::this_thread::sleep_for(100ms);
+    const int after = p.sink.Count("preview");
+    std::this_thread::sleep_for(100ms);
+    EXPECT_EQ(p.sink.Count("preview"), after);
+    EXPECT_NE(p.scene.ShownView().view.AxisA.x, before.view.AxisA.x);
+
+    // One drag step outstanding at most: a move before the step is done is dropped.
+    ASSERT_TRUE(p.idle.Wait(5s));
+    ASSERT_TRUE(p.client.BeginDrag(1, 100, 100));
+    EXPECT_TRUE(p.client.Drag(120, 100));
+    EXPECT_FALSE(p.client.Drag(140, 100));
+    ASSERT_TRUE(p.idle.Wait(5s));
+    EXPECT_TRUE(p.client.Drag(160, 100));
+    p.client.EndDrag();
+    EXPECT_FALSE(p.client.Drag(180, 100));
+    ASSERT_TRUE(p.idle.Wait(5s));
+}
+
+TEST(WorkerProtocol, PointsArePackedWithoutSignExtension) {
+    EXPECT_EQ(PointX(PackPoint(65535, 3)), 65535);
+    EXPECT_EQ(PointY(PackPoint(-1, 40000)), 40000);
+    EXPECT_EQ(PointX(PackPoint(-1, 0)), 65535);
+}
+
+}  // namespace
+}  // namespace kirameki
