@@ -1,0 +1,293 @@
+#include "app/output_flows.h"
+
+#include <QCoreApplication>
+#include <QFileDialog>
+#include <QWidget>
+#include <filesystem>
+
+#include "app/progress_window.h"
+#include "model/stone_choice.h"
+#include "model/stone_tables.h"
+#include "model/model_builder.h"
+#include "output/capture_info.h"
+#include "output/messages.h"
+#include "output/picture_writers.h"
+#include "ui/capture_header_dialog.h"
+#include "ui/gif_settings_dialog.h"
+
+namespace kirameki {
+
+namespace {
+
+QString Tr(const char* text) { return QCoreApplication::translate("OutputFlows", text); }
+
+// A file dialog as the program's dialogs behave: an overwrite question when saving, the
+// default extension added when the name has none.
+QString ChooseFile(QWidget* owner, bool save, const QString& title, const QStringList& filters,
+                   const QString& folder, const QString& suggested, int* filterIndex,
+                   const QString& defaultSuffix) {
+    QFileDialog dialog(owner, title, folder);
+    dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    dialog.setNameFilters(filters);
+    dialog.setDefaultSuffix(defaultSuffix);
+    if (filterIndex) dialog.selectNameFilter(filters.value(*filterIndex - 1));
+    if (!suggested.isEmpty()) dialog.selectFile(suggested);
+    if (filterIndex) {
+        QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString& f) {
+            dialog.setDefaultSuffix(f.section("*.", 1).section(')', 0, 0));
+        });
+    }
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    if (filterIndex) *filterIndex = int(filters.indexOf(dialog.selectedNameFilter())) + 1;
+    return dialog.selectedFiles().first();
+}
+
+}  // namespace
+
+OutputFlows::OutputFlows(ViewerSession& session, QWidget* owner, std::function<bool()> checkIndex,
+                         std::function<void()> sceneChanged)
+    : QObject(owner),
+      session_(session),
+      owner_(owner),
+      checkIndex_(std::move(checkIndex)),
+      sceneChanged_(std::move(sceneChanged)) {}
+
+void OutputFlows::Tell(const std::string& text, bool warning) { session_.Prompts().Tell(text, warning); }
+
+std::string OutputFlows::Folder(const PathBlock& block, const std::string& fallback) const {
+    std::error_code error;
+    if (!block.initialFolder.empty() && std::filesystem::is_directory(block.initialFolder, error))
+        return block.initialFolder;
+    std::filesystem::create_directories(fallback, error);
+    return fallback;
+}
+
+void OutputFlows::WriteRecord(const std::string& path) {
+    AppSettings settings = session_.Settings();
+    ViewState view = session_.Scene().ShownView();
+    std::string error;
+    if (!WriteCaptureInfo(path, {settings, view, capture_}, error)) Tell(messages::kFailedToOpenFile, true);
+}
+
+void OutputFlows::SaveScreenShot(QWidget* owner) {
+    if (session_.Client().Busy(kNowRenderingSave)) return;
+    const FrameImage picture = session_.Scene().LastFrame();
+    if (picture.Empty()) {
+        Tell(Tr("Nothing has been rendered yet: press Ray-Trace first.").toStdString());
+        return;
+    }
+    QStringList filters;
+    for (const PictureFormatFilter& f : kPictureFormatFilters)
+        filters << QString("%1").arg(Tr(f.text));
+    const std::string folder = Folder(shotBlock_, session_.Paths().screenShotsFolder);
+    const QString path = ChooseFile(owner, true, Tr("Save Screen Shot"), filters,
+                                    QString::fromStdString(folder), {}, &shotFilter_, "bmp");
+    if (path.isEmpty()) return;
+    const AppSettings& s = session_.Settings();
+    FrameImage trimmed;
+    if (s.trimming[4]) trimmed = Trimmed(picture, s.trimming[0], s.trimming[1], s.trimming[2], s.trimming[3]);
+    const std::uint32_t background =
+        PackRgb(std::clamp<int>(s.backColour[0], 0, 255), std::clamp<int>(s.backColour[1], 0, 255),
+                std::clamp<int>(s.backColour[2], 0, 255));
+    std::string error;
+    if (!WritePicture(path.toStdString(), s.trimming[4] ? trimmed : picture,
+                      PictureFormat(std::clamp(shotFilter_, 1, 7)), background, error)) {
+        Tell(std::string(messages::kFailedToOpenFile) + "\n\n" + error, true);
+        return;
+    }
+    ChoosePath(path.toStdString(), shotBlock_);
+    if (!s.screenShotOption) {
+        Tell(messages::kOnlyPictureSaved);
+        return;
+    }
+    WriteRecord(shotBlock_.fullPath + ".gpi");
+    Tell(messages::kPictureAndPositionSaved);
+}
+
+void OutputFlows::AdoptScene(const AppSettings& read, const ViewState& view) {
+    AppSettings& s = session_.Settings();
+    AppSettings taken = read;
+    // Values no table holds are refused one by one; the rest of the record takes effect.
+    std::string refused;
+    if (!IsStoneIndex(taken.stone)) taken.stone = s.stone;
+    if (!HasGenerator(taken.model)) taken.model = s.model;
+    if (!IsColourIndex(taken.stoneColour)) taken.stoneColour = s.stoneColour;
+    if (!RefractiveIndexInRange(taken.refractiveIndex)) taken.refractiveIndex = s.refractiveIndex;
+    if (taken.imageSize < 32 || taken.imageSize > 512) taken.imageSize = s.imageSize;
+    if (taken.captureFrames < 1) taken.captureFrames = s.captureFrames;
+    refused = SceneProblem(read);
+    s = taken;
+    session_.Commit();
+    session_.Scene().RequestView(view);
+    session_.Client().Post(kBuildModel);
+    sceneChanged_();
+    if (!refused.empty()) Tell(refused, true);
+}
+
+void OutputFlows::RestorePosition() {
+    if (session_.Client().Busy()) return;
+    const QString path = ChooseFile(owner_, false, Tr("Open Position-Info File"),
+                                    {Tr("Position-Info File (*.gpi)")},
+                                    QString::fromStdString(Folder(shotBlock_, session_.Paths().screenShotsFolder)),
+                                    {}, nullptr, "gpi");
+    if (path.isEmpty()) return;
+    AppSettings settings = session_.Settings();
+    ViewState view = session_.Scene().ShownView();
+    CaptureState capture = capture_;
+    SceneState scene{settings, view, capture};
+    const RecordRead read = ReadCaptureInfo(path.toStdString(), scene, false);
+    if (!read.opened) {
+        Tell(messages::kFailedToOpenFile, true);
+        return;
+    }
+    ChoosePath(path.toStdString(), shotBlock_);
+    AdoptScene(settings, view);
+    if (!read.refused.empty()) Tell(read.refused, true);
+}
+
+int OutputFlows::RunCaptureWindow(int firstFrame, bool existenceCheck) {
+    const AppSettings& s = session_.Settings();
+    CaptureRun run;
+    run.stem = captureBlock_.fullPath;
+    run.frameCount = s.captureFrames;
+    run.firstFrame = firstFrame;
+    run.viewPointRotation = s.IncrementalViewMode != 0;
+    run.start = session_.Scene().ShownView();
+    run.trimming = s.trimming[4] != 0;
+    run.margins = {s.trimming[0], s.trimming[1], s.trimming[2], s.trimming[3]};
+    run.background = PackRgb(std::clamp<int>(s.backColour[0], 0, 255),
+                             std::clamp<int>(s.backColour[1], 0, 255),
+                             std::clamp<int>(s.backColour[2], 0, 255));
+    session_.Scene().SetCaptureRun(run);
+    session_.Scene().SetCapturedFrames(firstFrame);
+    ProgressWindow window(Tr("Automatic Screen Capturing"), true, owner_);
+    QtWorkerSink& sink = session_.Sink();
+    connect(&sink, &QtWorkerSink::captureProgress, &window, &ProgressWindow::Progress);
+    connect(&sink, &QtWorkerSink::captureFinished, &window, &ProgressWindow::Finish);
+    connect(&window, &ProgressWindow::abortRequested, &window,
+            [this] { session_.Client().Post(kAbortJob); });
+    connect(&window, &ProgressWindow::started, &window,
+            [this, existenceCheck] { session_.Client().StartCapture(existenceCheck ? 1 : 0); });
+    window.exec();
+    owner_->raise();
+    owner_->activateWindow();
+    return session_.Scene().CapturedFrames();
+}
+
+void OutputFlows::NewCapture() {
+    if (session_.Client().Busy()) return;
+    if (!checkIndex_()) return;
+    capture_.framesCaptured = 0;
+    capture_.existenceCheck = 0;
+    CaptureHeaderDialog header(session_.Settings(), session_.Prompts(), owner_);
+    if (header.exec() != QDialog::Accepted) return;
+    session_.Settings().captureFrames = header.Result().captureFrames;
+    session_.Commit();
+    const QString path = ChooseFile(owner_, true, Tr("Save Capture-Info File"),
+                                    {Tr("Capture-Info File (*.sqi)")},
+                                    QString::fromStdString(Folder(captureBlock_, session_.Paths().capturesFolder)),
+                                    {}, nullptr, "sqi");
+    if (path.isEmpty()) return;
+    ChoosePath(path.toStdString(), captureBlock_);
+    capture_.panelOverlay = 0;
+    WriteRecord(path.toStdString());
+    capture_.framesCaptured = RunCaptureWindow(0, false);
+    WriteRecord(captureBlock_.fullPath + captureBlock_.extension);
+    if (capture_.framesCaptured != session_.Settings().captureFrames)
+        Tell(messages::kCapturingAborted);
+    else
+        Tell(messages::Format(messages::kAllFramesCaptured, captureBlock_.name));
+}
+
+void OutputFlows::ResumeCapture() {
+    if (session_.Client().Busy()) return;
+    const QString path = ChooseFile(owner_, false, Tr("Open Capture-Info File"),
+                                     {Tr("Capture-Info File (*.sqi)")},
+                                     QString::fromStdString(Folder(captureBlock_, session_.Paths().capturesFolder)),
+                                     {}, nullptr, "sqi");
+    if (path.isEmpty()) return;
+    AppSettings settings = session_.Settings();
+    ViewState view = session_.Scene().ShownView();
+    CaptureState capture = capture_;
+    SceneState scene{settings, view, capture};
+    const RecordRead read = ReadCaptureInfo(path.toStdString(), scene, false);
+    if (!read.opened) {
+        Tell(messages::kFailedToOpenFile, true);
+        return;
+    }
+    ChoosePath(path.toStdString(), captureBlock_);
+    if (!SceneProblem(settings).empty() || capture.framesCaptured < 0 ||
+        capture.framesCaptured > settings.captureFrames) {
+        Tell(SceneProblem(settings).empty() ? Tr("The capture file's frame counts are damaged.").toStdString()
+                                            : SceneProblem(settings),
+             true);
+        return;
+    }
+    capture_ = capture;
+    capture_.panelOverlay = 0;
+    AdoptScene(settings, view);
+    const int n = settings.captureFrames;
+    const bool complete = capture_.framesCaptured == n;
+    capture_.framesCaptured = RunCaptureWindow(complete ? n : capture_.framesCaptured,
+                                               capture_.existenceCheck != 0);
+    if (complete && session_.Prompts().AskYesNo(messages::kAlreadyComplete)) {
+        capture_.existenceCheck = 1;
+        capture_.framesCaptured = RunCaptureWindow(0, true);
+    }
+    WriteRecord(captureBlock_.fullPath + captureBlock_.extension);
+    if (capture_.framesCaptured != n)
+        Tell(messages::kCapturingAborted);
+    else
+        Tell(messages::Format(messages::kAllFramesCaptured, captureBlock_.name));
+}
+
+void OutputFlows::MakeAnimatedGif() {
+    if (session_.Client().Busy()) return;
+    gifBlock_.initialFolder = captureBlock_.initialFolder;
+    const QString path = ChooseFile(owner_, false, Tr("Open Capture-Info File"),
+                                    {Tr("Capture-Info File (*.sqi)")},
+                                    QString::fromStdString(Folder(captureBlock_, session_.Paths().capturesFolder)),
+                                    {}, nullptr, "sqi");
+    if (path.isEmpty()) return;
+    AppSettings header = session_.Settings();
+    ViewState ignoredView;
+    CaptureState capture;
+    SceneState scene{header, ignoredView, capture};
+    if (!ReadCaptureInfo(path.toStdString(), scene, true).opened) {
+        Tell(messages::kFailedToOpenFile, true);
+        return;
+    }
+    ChoosePath(path.toStdString(), captureBlock_);
+    const int n = header.captureFrames;
+    if (n < 1 || n != capture.framesCaptured) {
+        Tell(messages::kNotAllFramesCaptured, true);
+        return;
+    }
+    GifSettingsDialog settings(session_.Settings(), session_.Prompts(), owner_);
+    if (settings.exec() != QDialog::Accepted) return;
+    session_.Settings().gifOption1 = settings.Result().gifOption1;
+    session_.Settings().gifOption2 = settings.Result().gifOption2;
+    session_.Commit();
+    gifBlock_.fullPath = captureBlock_.fullPath + "_ANI";
+    const QString output = ChooseFile(owner_, true, Tr("Save Animation GIF File"),
+                                      {Tr("Animation GIF File (*.gif)")},
+                                      QString::fromStdString(gifBlock_.initialFolder),
+                                      QString::fromStdString(gifBlock_.fullPath), nullptr, "gif");
+    owner_->raise();
+    if (output.isEmpty()) return;
+    gifBlock_.fullPath = output.toStdString();
+    session_.Scene().SetGifJob({captureBlock_.fullPath, n, session_.Settings().gifOption1,
+                                session_.Settings().gifOption2 == 1 ? 1 : 0, gifBlock_.fullPath});
+    ProgressWindow window(Tr("Compiling Animated-GIF"), false, owner_);
+    QtWorkerSink& sink = session_.Sink();
+    connect(&sink, &QtWorkerSink::gifProgress, &window, &ProgressWindow::Progress);
+    connect(&sink, &QtWorkerSink::gifFinished, &window, &ProgressWindow::Finish);
+    connect(&window, &ProgressWindow::started, &window, [this] { session_.Client().StartGif(); });
+    if (window.exec() == 1)
+        Tell(messages::Format(messages::kAnimationSaved, gifBlock_.fullPath));
+    else
+        Tell(session_.Scene().GifMessage(), true);
+}
+
+}  // namespace kirameki

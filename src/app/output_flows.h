@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+
+#include "app/viewer_session.h"
+#include "output/path_block.h"
+#include "output/scene_state.h"
+
+class QWidget;
+
+namespace kirameki {
+
+// The screen-shot, capture and animated-GIF commands of the menus: their dialogs, the
+// progress windows and the message of each outcome. The path blocks remember where each
+// kind of file was last chosen.
+class OutputFlows : public QObject {
+    Q_OBJECT
+
+public:
+    // sceneChanged is called after a record replaced the scene, so the window shows it.
+    OutputFlows(ViewerSession& session, QWidget* owner, std::function<bool()> checkIndex,
+                std::function<void()> sceneChanged);
+
+    void SaveScreenShot(QWidget* owner);
+    void RestorePosition();
+    void NewCapture();
+    void ResumeCapture();
+    void MakeAnimatedGif();
+
+private:
+    // Runs the capture progress window with the frames from firstFrame; answers the
+    // frames on disk afterwards.
+    int RunCaptureWindow(int firstFrame, bool existenceCheck);
+    // Takes a record's scene into the viewer, refusing values no table holds.
+    void AdoptScene(const AppSettings& read, const ViewState& view);
+    void WriteRecord(const std::string& path);
+    void Tell(const std::string& text, bool warning = false);
+    std::string Folder(const PathBlock& block, const std::string& fallback) const;
+
+    ViewerSession& session_;
+    QWidget* owner_;
+    std::function<bool()> checkIndex_;
+    std::function<void()> sceneChanged_;
+    PathBlock shotBlock_;
+    int shotFilter_ = 1;
+    PathBlock captureBlock_;
+    PathBlock gifBlock_;
+    CaptureState capture_;
+};
+
+}  // namespace kirameki
