@@ -31,5 +31,28 @@ expect_status 2 model --cut 0 --json --bogus
 expect_status 2 nonsense
 expect_status 1 model --cut 0 --obj /nonexistent-folder/stone.obj
 
+# The settings file: 729 bytes of defaults, dumped as JSON, and a damaged one refused.
+expect_status 0 settings --file "$out/Setting.ini" --write-defaults
+[ "$(stat -c %s "$out/Setting.ini")" -eq 729 ] || { echo "FAIL: settings size"; failures=$((failures + 1)); }
+expect_status 0 settings --file "$out/Setting.ini" --dump
+python3 -c 'import json,sys; s=json.load(open(sys.argv[1])); assert s["imageSize"]==270 and len(s["modelParameters"])==12' "$out/stdout" \
+  || { echo "FAIL: settings JSON"; failures=$((failures + 1)); }
+printf 'c\0\0\0' > "$out/bad.ini"  # polygon colour 99, everything else zero: size 0
+expect_status 2 render --settings "$out/bad.ini" --out "$out/bad.png"
+
+# A small capture, its animated GIF, and a gap that the compiler refuses.
+expect_status 0 capture --sqi "$out/Gem.sqi" --frames 4 --size 32 --fire off
+[ -f "$out/Gem_F[3].gif" ] || { echo "FAIL: capture frames"; failures=$((failures + 1)); }
+expect_status 0 capture --sqi "$out/Gem.sqi" --resume
+expect_status 0 gif --sqi "$out/Gem.sqi" --out "$out/Gem_ANI.gif" --clockwise
+rm "$out/Gem_F[2].gif"
+expect_status 0 capture --sqi "$out/Gem.sqi" --resume  # complete: only the turn back
+[ -f "$out/Gem_F[2].gif" ] && { echo "FAIL: a plain resume of a complete set rendered"; failures=$((failures + 1)); }
+"$cli" gif --sqi "$out/Gem.sqi" --out "$out/Gem_ANI2.gif" >/dev/null 2>"$out/stderr"
+grep -q 'Gem_F\[2\].gif' "$out/stderr" || { echo "FAIL: missing frame not named"; failures=$((failures + 1)); }
+[ -f "$out/Gem_ANI2.gif" ] && { echo "FAIL: GIF written despite a gap"; failures=$((failures + 1)); }
+expect_status 0 capture --sqi "$out/Gem.sqi" --resume --check-existence
+[ -f "$out/Gem_F[2].gif" ] || { echo "FAIL: existence check did not complete the set"; failures=$((failures + 1)); }
+
 if [ "$failures" -eq 0 ]; then echo "cli: all checks passed"; fi
 exit $((failures > 0))
