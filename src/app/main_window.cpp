@@ -17,12 +17,17 @@
 #include <QVBoxLayout>
 
 #include "app/light_area.h"
+#include "app/output_flows.h"
 #include "app/render_window.h"
 #include "app/view_panel.h"
 #include "model/model_builder.h"
 #include "model/stone_choice.h"
 #include "model/stone_tables.h"
 #include "output/messages.h"
+#include "ui/back_color_light_dialog.h"
+#include "ui/general_settings_dialog.h"
+#include "ui/size_dialog.h"
+#include "ui/transformable_models_dialog.h"
 
 namespace kirameki {
 
@@ -57,8 +62,21 @@ MainWindow::MainWindow(ViewerSession& session, QWidget* parent)
     layout->addWidget(BuildControls());
     setCentralWidget(central);
     renderWindow_ = new RenderWindow(this);
+    flows_ = new OutputFlows(
+        session_, this, [this] { return CheckRefractiveIndex(); },
+        [this] {
+            ShowChoice();
+            UpdateInfo();
+        });
+    connect(renderWindow_, &RenderWindow::screenShotRequested, this,
+            [this] { flows_->SaveScreenShot(renderWindow_); });
     FillLists();
     ShowChoice();
+    {
+        const AppSettings& s = session_.Settings();
+        panel_->SetTrimmingFrame(s.option6 != 0 && s.trimming[4] != 0, s.trimming[0], s.trimming[1],
+                                 s.trimming[2], s.trimming[3]);
+    }
     UpdateInfo();
     ConnectWorker();
     setFocusPolicy(Qt::StrongFocus);
@@ -108,24 +126,39 @@ void MainWindow::BuildMenus() {
     }
 
     QMenu* settings = menuBar()->addMenu(tr("Settings(&S)"));
-    settings->addAction(tr("BackColor / Light Volume (&L)"));
-    settings->addAction(tr("Size (&Z)"));
-    settings->addAction(tr("Transformable Models (&V)"));
-    settings->addAction(tr("General Settings (&S)"));
+    settings->addAction(tr("BackColor / Light Volume (&L)"), this, [this] {
+        BackColorLightDialog dialog(session_.Settings(), session_.Prompts(), this);
+        ApplySettingWindow(dialog, false);
+    });
+    settings->addAction(tr("Size (&Z)"), this, [this] {
+        if (session_.Client().Busy(kNowRenderingSize))
+            return;
+        SizeDialog dialog(session_.Settings(), session_.Prompts(), this);
+        ApplySettingWindow(dialog, false);
+    });
+    settings->addAction(tr("Transformable Models (&V)"), this, [this] {
+        TransformableModelsDialog dialog(session_.Settings(), session_.Prompts(), this);
+        ApplySettingWindow(dialog,
+                           TransformableModelsDialog::IsTransformable(session_.Settings().model));
+    });
+    settings->addAction(tr("General Settings (&S)"), this, [this] {
+        GeneralSettingsDialog dialog(session_.Settings(), session_.Prompts(), this);
+        ApplySettingWindow(dialog, false);
+    });
     QMenu* shot = menuBar()->addMenu(tr("Screen Shot(&T)"));
-    shot->addAction(tr("Save (&S)"));
-    shot->addAction(tr("Restore Position (&R)"));
+    shot->addAction(tr("Save (&S)"), this, [this] { flows_->SaveScreenShot(this); });
+    shot->addAction(tr("Restore Position (&R)"), this, [this] { flows_->RestorePosition(); });
     QMenu* capture = menuBar()->addMenu(tr("Automatic Screen Capture(&P)"));
-    capture->addAction(tr("New (&N)"));
-    capture->addAction(tr("Resume (&R)"));
-    capture->addAction(tr("Make Animated-GIF (&A)"));
+    capture->addAction(tr("New (&N)"), this, [this] { flows_->NewCapture(); });
+    capture->addAction(tr("Resume (&R)"), this, [this] { flows_->ResumeCapture(); });
+    capture->addAction(tr("Make Animated-GIF (&A)"), this, [this] { flows_->MakeAnimatedGif(); });
     QMenu* about = menuBar()->addMenu(tr("About(&A)"));
     about->addAction(tr("Version Info. (&V)"), this, &MainWindow::ShowVersion);
 }
 
 QWidget* MainWindow::BuildControls() {
     auto* column = new QWidget(this);
-    column->setFixedWidth(380);
+    column->setFixedWidth(420);
     auto* layout = new QVBoxLayout(column);
 
     auto* stoneBox = new QGroupBox(tr("Stone"), column);
@@ -226,6 +259,7 @@ QWidget* MainWindow::BuildControls() {
     infoRow->addWidget(lightArea_, 0, Qt::AlignTop);
     layout->addLayout(infoRow, 1);
     choice_ = new QLabel(column);
+    choice_->setWordWrap(true);
     layout->addWidget(choice_);
 
     connect(stoneList_, qOverload<int>(&QComboBox::activated), this, &MainWindow::SelectStone);
@@ -281,7 +315,7 @@ void MainWindow::UpdateInfo() {
     QStringList escaped;
     for (const QString& line : lines)
         escaped << (line.startsWith("<b>") ? line : line.toHtmlEscaped().replace(' ', "&nbsp;"));
-    info_->setText("<span style='font-family:monospace; font-size:9pt'>" + escaped.join("<br>") +
+    info_->setText("<span style='font-family:monospace; font-size:8pt'>" + escaped.join("<br>") +
                    "</span>");
 }
 
@@ -424,6 +458,22 @@ void MainWindow::SetPanelToggle(bool objectWise, bool on) {
     session_.Commit();
     UpdateInfo();
     session_.Client().Post(kRedrawPreview);
+}
+
+void MainWindow::ApplySettingWindow(SettingDialog& dialog, bool rebuild) {
+    session_.Keyboard().Pause();
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    session_.Keyboard().Resume();
+    if (!accepted)
+        return;
+    session_.Settings() = dialog.Result();
+    session_.Commit();
+    const AppSettings& s = session_.Settings();
+    hqButton_->setChecked(s.option4 != 0);
+    panel_->SetTrimmingFrame(s.option6 != 0 && s.trimming[4] != 0, s.trimming[0], s.trimming[1],
+                             s.trimming[2], s.trimming[3]);
+    // A rebuild redraws too; the other settings change only the look.
+    session_.Client().Post(rebuild ? kBuildModel : kRedrawPreview);
 }
 
 void MainWindow::ShowVersion() {

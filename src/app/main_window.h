@@ -16,6 +16,8 @@ class QPushButton;
 namespace kirameki {
 
 class LightArea;
+class OutputFlows;
+class SettingDialog;
 class RenderWindow;
 class ViewPanel;
 
@@ -64,12 +66,14 @@ class MainWindow : public QMainWindow {
     void ReadBackIndex();
     void SetPanelToggle(bool objectWise, bool on);
     void ShowVersion();
+    void ApplySettingWindow(SettingDialog& dialog, bool rebuild);
     bool KeyEvent(QKeyEvent* event, bool down);
 
     ViewerSession& session_;
     ViewPanel* panel_ = nullptr;
     LightArea* lightArea_ = nullptr;
     RenderWindow* renderWindow_ = nullptr;
+    OutputFlows* flows_ = nullptr;
     QComboBox* stoneList_ = nullptr;
     QComboBox* cutList_ = nullptr;
     QComboBox* colourList_ = nullptr;

@@ -6,9 +6,9 @@
 #include <filesystem>
 
 #include "app/progress_window.h"
+#include "model/model_builder.h"
 #include "model/stone_choice.h"
 #include "model/stone_tables.h"
-#include "model/model_builder.h"
 #include "output/capture_info.h"
 #include "output/messages.h"
 #include "output/picture_writers.h"
@@ -19,7 +19,16 @@ namespace kirameki {
 
 namespace {
 
-QString Tr(const char* text) { return QCoreApplication::translate("OutputFlows", text); }
+QString Tr(const char* text) {
+    return QCoreApplication::translate("OutputFlows", text);
+}
+
+// A message with %s filled in, translated before the argument goes in.
+std::string Formatted(const char* text, const std::string& argument) {
+    return QCoreApplication::translate("Messages", text)
+        .replace("%s", QString::fromStdString(argument))
+        .toStdString();
+}
 
 // A file dialog as the program's dialogs behave: an overwrite question when saving, the
 // default extension added when the name has none.
@@ -31,15 +40,19 @@ QString ChooseFile(QWidget* owner, bool save, const QString& title, const QStrin
     dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog.setNameFilters(filters);
     dialog.setDefaultSuffix(defaultSuffix);
-    if (filterIndex) dialog.selectNameFilter(filters.value(*filterIndex - 1));
-    if (!suggested.isEmpty()) dialog.selectFile(suggested);
+    if (filterIndex)
+        dialog.selectNameFilter(filters.value(*filterIndex - 1));
+    if (!suggested.isEmpty())
+        dialog.selectFile(suggested);
     if (filterIndex) {
         QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString& f) {
             dialog.setDefaultSuffix(f.section("*.", 1).section(')', 0, 0));
         });
     }
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
-    if (filterIndex) *filterIndex = int(filters.indexOf(dialog.selectedNameFilter())) + 1;
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    if (filterIndex)
+        *filterIndex = int(filters.indexOf(dialog.selectedNameFilter())) + 1;
     return dialog.selectedFiles().first();
 }
 
@@ -53,7 +66,9 @@ OutputFlows::OutputFlows(ViewerSession& session, QWidget* owner, std::function<b
       checkIndex_(std::move(checkIndex)),
       sceneChanged_(std::move(sceneChanged)) {}
 
-void OutputFlows::Tell(const std::string& text, bool warning) { session_.Prompts().Tell(text, warning); }
+void OutputFlows::Tell(const std::string& text, bool warning) {
+    session_.Prompts().Tell(text, warning);
+}
 
 std::string OutputFlows::Folder(const PathBlock& block, const std::string& fallback) const {
     std::error_code error;
@@ -67,11 +82,13 @@ void OutputFlows::WriteRecord(const std::string& path) {
     AppSettings settings = session_.Settings();
     ViewState view = session_.Scene().ShownView();
     std::string error;
-    if (!WriteCaptureInfo(path, {settings, view, capture_}, error)) Tell(messages::kFailedToOpenFile, true);
+    if (!WriteCaptureInfo(path, {settings, view, capture_}, error))
+        Tell(messages::kFailedToOpenFile, true);
 }
 
 void OutputFlows::SaveScreenShot(QWidget* owner) {
-    if (session_.Client().Busy(kNowRenderingSave)) return;
+    if (session_.Client().Busy(kNowRenderingSave))
+        return;
     const FrameImage picture = session_.Scene().LastFrame();
     if (picture.Empty()) {
         Tell(Tr("Nothing has been rendered yet: press Ray-Trace first.").toStdString());
@@ -83,10 +100,12 @@ void OutputFlows::SaveScreenShot(QWidget* owner) {
     const std::string folder = Folder(shotBlock_, session_.Paths().screenShotsFolder);
     const QString path = ChooseFile(owner, true, Tr("Save Screen Shot"), filters,
                                     QString::fromStdString(folder), {}, &shotFilter_, "bmp");
-    if (path.isEmpty()) return;
+    if (path.isEmpty())
+        return;
     const AppSettings& s = session_.Settings();
     FrameImage trimmed;
-    if (s.trimming[4]) trimmed = Trimmed(picture, s.trimming[0], s.trimming[1], s.trimming[2], s.trimming[3]);
+    if (s.trimming[4])
+        trimmed = Trimmed(picture, s.trimming[0], s.trimming[1], s.trimming[2], s.trimming[3]);
     const std::uint32_t background =
         PackRgb(std::clamp<int>(s.backColour[0], 0, 255), std::clamp<int>(s.backColour[1], 0, 255),
                 std::clamp<int>(s.backColour[2], 0, 255));
@@ -110,28 +129,37 @@ void OutputFlows::AdoptScene(const AppSettings& read, const ViewState& view) {
     AppSettings taken = read;
     // Values no table holds are refused one by one; the rest of the record takes effect.
     std::string refused;
-    if (!IsStoneIndex(taken.stone)) taken.stone = s.stone;
-    if (!HasGenerator(taken.model)) taken.model = s.model;
-    if (!IsColourIndex(taken.stoneColour)) taken.stoneColour = s.stoneColour;
-    if (!RefractiveIndexInRange(taken.refractiveIndex)) taken.refractiveIndex = s.refractiveIndex;
-    if (taken.imageSize < 32 || taken.imageSize > 512) taken.imageSize = s.imageSize;
-    if (taken.captureFrames < 1) taken.captureFrames = s.captureFrames;
+    if (!IsStoneIndex(taken.stone))
+        taken.stone = s.stone;
+    if (!HasGenerator(taken.model))
+        taken.model = s.model;
+    if (!IsColourIndex(taken.stoneColour))
+        taken.stoneColour = s.stoneColour;
+    if (!RefractiveIndexInRange(taken.refractiveIndex))
+        taken.refractiveIndex = s.refractiveIndex;
+    if (taken.imageSize < 32 || taken.imageSize > 512)
+        taken.imageSize = s.imageSize;
+    if (taken.captureFrames < 1)
+        taken.captureFrames = s.captureFrames;
     refused = SceneProblem(read);
     s = taken;
     session_.Commit();
     session_.Scene().RequestView(view);
     session_.Client().Post(kBuildModel);
     sceneChanged_();
-    if (!refused.empty()) Tell(refused, true);
+    if (!refused.empty())
+        Tell(refused, true);
 }
 
 void OutputFlows::RestorePosition() {
-    if (session_.Client().Busy()) return;
-    const QString path = ChooseFile(owner_, false, Tr("Open Position-Info File"),
-                                    {Tr("Position-Info File (*.gpi)")},
-                                    QString::fromStdString(Folder(shotBlock_, session_.Paths().screenShotsFolder)),
-                                    {}, nullptr, "gpi");
-    if (path.isEmpty()) return;
+    if (session_.Client().Busy())
+        return;
+    const QString path =
+        ChooseFile(owner_, false, Tr("Open Position-Info File"), {Tr("Position-Info File (*.gpi)")},
+                   QString::fromStdString(Folder(shotBlock_, session_.Paths().screenShotsFolder)),
+                   {}, nullptr, "gpi");
+    if (path.isEmpty())
+        return;
     AppSettings settings = session_.Settings();
     ViewState view = session_.Scene().ShownView();
     CaptureState capture = capture_;
@@ -143,7 +171,8 @@ void OutputFlows::RestorePosition() {
     }
     ChoosePath(path.toStdString(), shotBlock_);
     AdoptScene(settings, view);
-    if (!read.refused.empty()) Tell(read.refused, true);
+    if (!read.refused.empty())
+        Tell(read.refused, true);
 }
 
 int OutputFlows::RunCaptureWindow(int firstFrame, bool existenceCheck) {
@@ -156,9 +185,9 @@ int OutputFlows::RunCaptureWindow(int firstFrame, bool existenceCheck) {
     run.start = session_.Scene().ShownView();
     run.trimming = s.trimming[4] != 0;
     run.margins = {s.trimming[0], s.trimming[1], s.trimming[2], s.trimming[3]};
-    run.background = PackRgb(std::clamp<int>(s.backColour[0], 0, 255),
-                             std::clamp<int>(s.backColour[1], 0, 255),
-                             std::clamp<int>(s.backColour[2], 0, 255));
+    run.background =
+        PackRgb(std::clamp<int>(s.backColour[0], 0, 255), std::clamp<int>(s.backColour[1], 0, 255),
+                std::clamp<int>(s.backColour[2], 0, 255));
     session_.Scene().SetCaptureRun(run);
     session_.Scene().SetCapturedFrames(firstFrame);
     ProgressWindow window(Tr("Automatic Screen Capturing"), true, owner_);
@@ -176,19 +205,23 @@ int OutputFlows::RunCaptureWindow(int firstFrame, bool existenceCheck) {
 }
 
 void OutputFlows::NewCapture() {
-    if (session_.Client().Busy()) return;
-    if (!checkIndex_()) return;
+    if (session_.Client().Busy())
+        return;
+    if (!checkIndex_())
+        return;
     capture_.framesCaptured = 0;
     capture_.existenceCheck = 0;
     CaptureHeaderDialog header(session_.Settings(), session_.Prompts(), owner_);
-    if (header.exec() != QDialog::Accepted) return;
+    if (header.exec() != QDialog::Accepted)
+        return;
     session_.Settings().captureFrames = header.Result().captureFrames;
     session_.Commit();
-    const QString path = ChooseFile(owner_, true, Tr("Save Capture-Info File"),
-                                    {Tr("Capture-Info File (*.sqi)")},
-                                    QString::fromStdString(Folder(captureBlock_, session_.Paths().capturesFolder)),
-                                    {}, nullptr, "sqi");
-    if (path.isEmpty()) return;
+    const QString path =
+        ChooseFile(owner_, true, Tr("Save Capture-Info File"), {Tr("Capture-Info File (*.sqi)")},
+                   QString::fromStdString(Folder(captureBlock_, session_.Paths().capturesFolder)),
+                   {}, nullptr, "sqi");
+    if (path.isEmpty())
+        return;
     ChoosePath(path.toStdString(), captureBlock_);
     capture_.panelOverlay = 0;
     WriteRecord(path.toStdString());
@@ -197,16 +230,18 @@ void OutputFlows::NewCapture() {
     if (capture_.framesCaptured != session_.Settings().captureFrames)
         Tell(messages::kCapturingAborted);
     else
-        Tell(messages::Format(messages::kAllFramesCaptured, captureBlock_.name));
+        Tell(Formatted(messages::kAllFramesCaptured, captureBlock_.name));
 }
 
 void OutputFlows::ResumeCapture() {
-    if (session_.Client().Busy()) return;
-    const QString path = ChooseFile(owner_, false, Tr("Open Capture-Info File"),
-                                     {Tr("Capture-Info File (*.sqi)")},
-                                     QString::fromStdString(Folder(captureBlock_, session_.Paths().capturesFolder)),
-                                     {}, nullptr, "sqi");
-    if (path.isEmpty()) return;
+    if (session_.Client().Busy())
+        return;
+    const QString path =
+        ChooseFile(owner_, false, Tr("Open Capture-Info File"), {Tr("Capture-Info File (*.sqi)")},
+                   QString::fromStdString(Folder(captureBlock_, session_.Paths().capturesFolder)),
+                   {}, nullptr, "sqi");
+    if (path.isEmpty())
+        return;
     AppSettings settings = session_.Settings();
     ViewState view = session_.Scene().ShownView();
     CaptureState capture = capture_;
@@ -219,8 +254,9 @@ void OutputFlows::ResumeCapture() {
     ChoosePath(path.toStdString(), captureBlock_);
     if (!SceneProblem(settings).empty() || capture.framesCaptured < 0 ||
         capture.framesCaptured > settings.captureFrames) {
-        Tell(SceneProblem(settings).empty() ? Tr("The capture file's frame counts are damaged.").toStdString()
-                                            : SceneProblem(settings),
+        Tell(SceneProblem(settings).empty()
+                 ? Tr("The capture file's frame counts are damaged.").toStdString()
+                 : SceneProblem(settings),
              true);
         return;
     }
@@ -229,8 +265,8 @@ void OutputFlows::ResumeCapture() {
     AdoptScene(settings, view);
     const int n = settings.captureFrames;
     const bool complete = capture_.framesCaptured == n;
-    capture_.framesCaptured = RunCaptureWindow(complete ? n : capture_.framesCaptured,
-                                               capture_.existenceCheck != 0);
+    capture_.framesCaptured =
+        RunCaptureWindow(complete ? n : capture_.framesCaptured, capture_.existenceCheck != 0);
     if (complete && session_.Prompts().AskYesNo(messages::kAlreadyComplete)) {
         capture_.existenceCheck = 1;
         capture_.framesCaptured = RunCaptureWindow(0, true);
@@ -239,17 +275,19 @@ void OutputFlows::ResumeCapture() {
     if (capture_.framesCaptured != n)
         Tell(messages::kCapturingAborted);
     else
-        Tell(messages::Format(messages::kAllFramesCaptured, captureBlock_.name));
+        Tell(Formatted(messages::kAllFramesCaptured, captureBlock_.name));
 }
 
 void OutputFlows::MakeAnimatedGif() {
-    if (session_.Client().Busy()) return;
+    if (session_.Client().Busy())
+        return;
     gifBlock_.initialFolder = captureBlock_.initialFolder;
-    const QString path = ChooseFile(owner_, false, Tr("Open Capture-Info File"),
-                                    {Tr("Capture-Info File (*.sqi)")},
-                                    QString::fromStdString(Folder(captureBlock_, session_.Paths().capturesFolder)),
-                                    {}, nullptr, "sqi");
-    if (path.isEmpty()) return;
+    const QString path =
+        ChooseFile(owner_, false, Tr("Open Capture-Info File"), {Tr("Capture-Info File (*.sqi)")},
+                   QString::fromStdString(Folder(captureBlock_, session_.Paths().capturesFolder)),
+                   {}, nullptr, "sqi");
+    if (path.isEmpty())
+        return;
     AppSettings header = session_.Settings();
     ViewState ignoredView;
     CaptureState capture;
@@ -265,17 +303,19 @@ void OutputFlows::MakeAnimatedGif() {
         return;
     }
     GifSettingsDialog settings(session_.Settings(), session_.Prompts(), owner_);
-    if (settings.exec() != QDialog::Accepted) return;
+    if (settings.exec() != QDialog::Accepted)
+        return;
     session_.Settings().gifOption1 = settings.Result().gifOption1;
     session_.Settings().gifOption2 = settings.Result().gifOption2;
     session_.Commit();
     gifBlock_.fullPath = captureBlock_.fullPath + "_ANI";
-    const QString output = ChooseFile(owner_, true, Tr("Save Animation GIF File"),
-                                      {Tr("Animation GIF File (*.gif)")},
-                                      QString::fromStdString(gifBlock_.initialFolder),
-                                      QString::fromStdString(gifBlock_.fullPath), nullptr, "gif");
+    const QString output =
+        ChooseFile(owner_, true, Tr("Save Animation GIF File"), {Tr("Animation GIF File (*.gif)")},
+                   QString::fromStdString(gifBlock_.initialFolder),
+                   QString::fromStdString(gifBlock_.fullPath), nullptr, "gif");
     owner_->raise();
-    if (output.isEmpty()) return;
+    if (output.isEmpty())
+        return;
     gifBlock_.fullPath = output.toStdString();
     session_.Scene().SetGifJob({captureBlock_.fullPath, n, session_.Settings().gifOption1,
                                 session_.Settings().gifOption2 == 1 ? 1 : 0, gifBlock_.fullPath});
@@ -284,10 +324,19 @@ void OutputFlows::MakeAnimatedGif() {
     connect(&sink, &QtWorkerSink::gifProgress, &window, &ProgressWindow::Progress);
     connect(&sink, &QtWorkerSink::gifFinished, &window, &ProgressWindow::Finish);
     connect(&window, &ProgressWindow::started, &window, [this] { session_.Client().StartGif(); });
-    if (window.exec() == 1)
-        Tell(messages::Format(messages::kAnimationSaved, gifBlock_.fullPath));
-    else
-        Tell(session_.Scene().GifMessage(), true);
+    if (window.exec() == 1) {
+        Tell(Formatted(messages::kAnimationSaved, gifBlock_.fullPath));
+        return;
+    }
+    for (int i = 0; i < n; ++i) {
+        const std::string frame = FrameFileName(captureBlock_.fullPath, i, n);
+        std::error_code error;
+        if (!std::filesystem::exists(frame, error)) {
+            Tell(Formatted(messages::kMissingFrame, frame), true);
+            return;
+        }
+    }
+    Tell(session_.Scene().GifMessage(), true);
 }
 
 }  // namespace kirameki

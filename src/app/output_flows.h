@@ -17,7 +17,7 @@ namespace kirameki {
 class OutputFlows : public QObject {
     Q_OBJECT
 
-public:
+  public:
     // sceneChanged is called after a record replaced the scene, so the window shows it.
     OutputFlows(ViewerSession& session, QWidget* owner, std::function<bool()> checkIndex,
                 std::function<void()> sceneChanged);
@@ -28,7 +28,7 @@ public:
     void ResumeCapture();
     void MakeAnimatedGif();
 
-private:
+  private:
     // Runs the capture progress window with the frames from firstFrame; answers the
     // frames on disk afterwards.
     int RunCaptureWindow(int firstFrame, bool existenceCheck);

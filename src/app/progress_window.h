@@ -15,21 +15,21 @@ namespace kirameki {
 class ProgressWindow : public QDialog {
     Q_OBJECT
 
-public:
+  public:
     ProgressWindow(const QString& title, bool abortable, QWidget* parent = nullptr);
 
     void Progress(int frame, int frameCount);
     void Finish(int result) { done(result); }
 
-signals:
+  signals:
     void started();
     void abortRequested();
 
-protected:
+  protected:
     void showEvent(QShowEvent* event) override;
     void reject() override {}  // Escape and the close box do not end a running job
 
-private:
+  private:
     QLabel* text_;
     QProgressBar* bar_;
     QPushButton* abort_ = nullptr;

@@ -1,0 +1,93 @@
+#include "ui/setting_dialog.h"
+
+#include <QAbstractSpinBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSlider>
+#include <QSpinBox>
+#include <QVBoxLayout>
+
+namespace kirameki {
+
+SettingDialog::SettingDialog(const AppSettings& settings, Prompter& prompter, QWidget* parent)
+    : QDialog(parent), prompter_(prompter), result_(settings) {}
+
+void SettingDialog::accept() {
+    // A half-typed number counts as typed; text that is no number falls back to the last value.
+    for (auto* box : findChildren<QAbstractSpinBox*>())
+        box->interpretText();
+    AppSettings stored = result_;
+    if (!Store(stored))
+        return;
+    result_ = stored;
+    QDialog::accept();
+}
+
+void SettingDialog::FinishLayout(QLayout* body) {
+    auto* restore = new QPushButton(tr("Default (&D)"), this);
+    restore->setObjectName("default");
+    restore->setAutoDefault(false);
+    auto* ok = new QPushButton(tr("OK"), this);
+    ok->setObjectName("ok");
+    ok->setDefault(true);
+    auto* cancel = new QPushButton(tr("CANCEL"), this);
+    cancel->setObjectName("cancel");
+    cancel->setAutoDefault(false);
+    connect(restore, &QPushButton::clicked, this, [this] { RestoreDefaults(); });
+    connect(ok, &QPushButton::clicked, this, &SettingDialog::accept);
+    connect(cancel, &QPushButton::clicked, this, &SettingDialog::reject);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(restore);
+    buttons->addStretch(1);
+    buttons->addWidget(ok);
+    buttons->addWidget(cancel);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(body);
+    layout->addSpacing(6);
+    layout->addLayout(buttons);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+QSpinBox* SettingDialog::AddNumberRow(QGridLayout* grid, int row, const char* name,
+                                      const QString& caption, int minimum, int maximum,
+                                      const QString& suffix, bool withSlider) {
+    auto* box = new QSpinBox(this);
+    box->setObjectName(name);
+    box->setRange(minimum, maximum);
+    box->setSuffix(suffix);
+    box->setAlignment(Qt::AlignRight);
+    box->setMinimumWidth(76);
+    auto* label = new QLabel(caption, this);
+    label->setBuddy(box);
+    grid->addWidget(label, row, 0);
+    if (withSlider) {
+        auto* slider = new QSlider(Qt::Horizontal, this);
+        slider->setRange(minimum, maximum);
+        slider->setMinimumWidth(160);
+        connect(slider, &QSlider::valueChanged, box, &QSpinBox::setValue);
+        connect(box, &QSpinBox::valueChanged, slider, &QSlider::setValue);
+        grid->addWidget(slider, row, 1);
+    }
+    grid->addWidget(box, row, 2);
+    grid->addWidget(new QLabel(tr("( %1 - %2 )").arg(minimum).arg(maximum), this), row, 3);
+    return box;
+}
+
+void SettingDialog::AddHint(QGridLayout* grid, int row, const QString& text) {
+    auto* hint = new QLabel(text, this);
+    hint->setTextFormat(Qt::PlainText);
+    hint->setForegroundRole(QPalette::PlaceholderText);
+    grid->addWidget(hint, row, 0, 1, 4);
+}
+
+AppSettings SettingDialog::Defaults() {
+    AppSettings defaults;
+    LoadDefaults(defaults, DefaultFolders{});
+    return defaults;
+}
+
+}  // namespace kirameki
