@@ -4,6 +4,7 @@
 #include <QTranslator>
 
 #include "app/main_window.h"
+#include "app/output_flows.h"
 #include "app/qt_prompter.h"
 #include "app/title_window.h"
 #include "app/view_panel.h"
@@ -21,7 +22,8 @@ int main(int argc, char** argv) {
 
     kirameki::QtPrompter prompter;
     kirameki::ViewerSession session(kirameki::CurrentProgramPaths(), prompter);
-    kirameki::MainWindow window(session);
+    kirameki::DialogFileChooser files;
+    kirameki::MainWindow window(session, files);
     prompter.SetOwner(&window);
     QObject::connect(&session.Sink(), &kirameki::QtWorkerSink::titleWindowRequested, &window,
                      [&window] { (new kirameki::TitleWindow(&window))->show(); });

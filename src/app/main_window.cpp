@@ -51,7 +51,7 @@ QString IndexText(double index) {
 
 }  // namespace
 
-MainWindow::MainWindow(ViewerSession& session, QWidget* parent)
+MainWindow::MainWindow(ViewerSession& session, FileChooser& files, QWidget* parent)
     : QMainWindow(parent), session_(session) {
     setWindowTitle(tr("Kirameki"));
     BuildMenus();
@@ -63,7 +63,7 @@ MainWindow::MainWindow(ViewerSession& session, QWidget* parent)
     setCentralWidget(central);
     renderWindow_ = new RenderWindow(this);
     flows_ = new OutputFlows(
-        session_, this, [this] { return CheckRefractiveIndex(); },
+        session_, this, files, [this] { return CheckRefractiveIndex(); },
         [this] {
             ShowChoice();
             UpdateInfo();

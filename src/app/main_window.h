@@ -16,6 +16,7 @@ class QPushButton;
 namespace kirameki {
 
 class LightArea;
+class FileChooser;
 class OutputFlows;
 class SettingDialog;
 class RenderWindow;
@@ -28,7 +29,8 @@ class MainWindow : public QMainWindow {
     Q_OBJECT
 
   public:
-    explicit MainWindow(ViewerSession& session, QWidget* parent = nullptr);
+    MainWindow(ViewerSession& session, FileChooser& files, QWidget* parent = nullptr);
+    OutputFlows& Flows() { return *flows_; }
     ~MainWindow() override;
 
     // For tests and the screen-shot flows.

@@ -30,11 +30,12 @@ std::string Formatted(const char* text, const std::string& argument) {
         .toStdString();
 }
 
-// A file dialog as the program's dialogs behave: an overwrite question when saving, the
-// default extension added when the name has none.
-QString ChooseFile(QWidget* owner, bool save, const QString& title, const QStringList& filters,
-                   const QString& folder, const QString& suggested, int* filterIndex,
-                   const QString& defaultSuffix) {
+}  // namespace
+
+QString DialogFileChooser::Choose(QWidget* owner, bool save, const QString& title,
+                                  const QStringList& filters, const QString& folder,
+                                  const QString& suggested, int* filterIndex,
+                                  const QString& defaultSuffix) {
     QFileDialog dialog(owner, title, folder);
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
@@ -56,13 +57,12 @@ QString ChooseFile(QWidget* owner, bool save, const QString& title, const QStrin
     return dialog.selectedFiles().first();
 }
 
-}  // namespace
-
-OutputFlows::OutputFlows(ViewerSession& session, QWidget* owner, std::function<bool()> checkIndex,
-                         std::function<void()> sceneChanged)
+OutputFlows::OutputFlows(ViewerSession& session, QWidget* owner, FileChooser& files,
+                         std::function<bool()> checkIndex, std::function<void()> sceneChanged)
     : QObject(owner),
       session_(session),
       owner_(owner),
+      files_(files),
       checkIndex_(std::move(checkIndex)),
       sceneChanged_(std::move(sceneChanged)) {}
 
@@ -98,8 +98,8 @@ void OutputFlows::SaveScreenShot(QWidget* owner) {
     for (const PictureFormatFilter& f : kPictureFormatFilters)
         filters << QString("%1").arg(Tr(f.text));
     const std::string folder = Folder(shotBlock_, session_.Paths().screenShotsFolder);
-    const QString path = ChooseFile(owner, true, Tr("Save Screen Shot"), filters,
-                                    QString::fromStdString(folder), {}, &shotFilter_, "bmp");
+    const QString path = files_.Choose(owner, true, Tr("Save Screen Shot"), filters,
+                                       QString::fromStdString(folder), {}, &shotFilter_, "bmp");
     if (path.isEmpty())
         return;
     const AppSettings& s = session_.Settings();
@@ -154,10 +154,10 @@ void OutputFlows::AdoptScene(const AppSettings& read, const ViewState& view) {
 void OutputFlows::RestorePosition() {
     if (session_.Client().Busy())
         return;
-    const QString path =
-        ChooseFile(owner_, false, Tr("Open Position-Info File"), {Tr("Position-Info File (*.gpi)")},
-                   QString::fromStdString(Folder(shotBlock_, session_.Paths().screenShotsFolder)),
-                   {}, nullptr, "gpi");
+    const QString path = files_.Choose(
+        owner_, false, Tr("Open Position-Info File"), {Tr("Position-Info File (*.gpi)")},
+        QString::fromStdString(Folder(shotBlock_, session_.Paths().screenShotsFolder)), {}, nullptr,
+        "gpi");
     if (path.isEmpty())
         return;
     AppSettings settings = session_.Settings();
@@ -216,10 +216,10 @@ void OutputFlows::NewCapture() {
         return;
     session_.Settings().captureFrames = header.Result().captureFrames;
     session_.Commit();
-    const QString path =
-        ChooseFile(owner_, true, Tr("Save Capture-Info File"), {Tr("Capture-Info File (*.sqi)")},
-                   QString::fromStdString(Folder(captureBlock_, session_.Paths().capturesFolder)),
-                   {}, nullptr, "sqi");
+    const QString path = files_.Choose(
+        owner_, true, Tr("Save Capture-Info File"), {Tr("Capture-Info File (*.sqi)")},
+        QString::fromStdString(Folder(captureBlock_, session_.Paths().capturesFolder)), {}, nullptr,
+        "sqi");
     if (path.isEmpty())
         return;
     ChoosePath(path.toStdString(), captureBlock_);
@@ -236,10 +236,10 @@ void OutputFlows::NewCapture() {
 void OutputFlows::ResumeCapture() {
     if (session_.Client().Busy())
         return;
-    const QString path =
-        ChooseFile(owner_, false, Tr("Open Capture-Info File"), {Tr("Capture-Info File (*.sqi)")},
-                   QString::fromStdString(Folder(captureBlock_, session_.Paths().capturesFolder)),
-                   {}, nullptr, "sqi");
+    const QString path = files_.Choose(
+        owner_, false, Tr("Open Capture-Info File"), {Tr("Capture-Info File (*.sqi)")},
+        QString::fromStdString(Folder(captureBlock_, session_.Paths().capturesFolder)), {}, nullptr,
+        "sqi");
     if (path.isEmpty())
         return;
     AppSettings settings = session_.Settings();
@@ -282,10 +282,10 @@ void OutputFlows::MakeAnimatedGif() {
     if (session_.Client().Busy())
         return;
     gifBlock_.initialFolder = captureBlock_.initialFolder;
-    const QString path =
-        ChooseFile(owner_, false, Tr("Open Capture-Info File"), {Tr("Capture-Info File (*.sqi)")},
-                   QString::fromStdString(Folder(captureBlock_, session_.Paths().capturesFolder)),
-                   {}, nullptr, "sqi");
+    const QString path = files_.Choose(
+        owner_, false, Tr("Open Capture-Info File"), {Tr("Capture-Info File (*.sqi)")},
+        QString::fromStdString(Folder(captureBlock_, session_.Paths().capturesFolder)), {}, nullptr,
+        "sqi");
     if (path.isEmpty())
         return;
     AppSettings header = session_.Settings();
@@ -309,10 +309,10 @@ void OutputFlows::MakeAnimatedGif() {
     session_.Settings().gifOption2 = settings.Result().gifOption2;
     session_.Commit();
     gifBlock_.fullPath = captureBlock_.fullPath + "_ANI";
-    const QString output =
-        ChooseFile(owner_, true, Tr("Save Animation GIF File"), {Tr("Animation GIF File (*.gif)")},
-                   QString::fromStdString(gifBlock_.initialFolder),
-                   QString::fromStdString(gifBlock_.fullPath), nullptr, "gif");
+    const QString output = files_.Choose(
+        owner_, true, Tr("Save Animation GIF File"), {Tr("Animation GIF File (*.gif)")},
+        QString::fromStdString(gifBlock_.initialFolder), QString::fromStdString(gifBlock_.fullPath),
+        nullptr, "gif");
     owner_->raise();
     if (output.isEmpty())
         return;

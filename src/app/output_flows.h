@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
+#include <QStringList>
 #include <functional>
 
 #include "app/viewer_session.h"
@@ -11,6 +13,25 @@ class QWidget;
 
 namespace kirameki {
 
+// Chooses a file to save or open, as the file dialogs do; empty when cancelled.
+class FileChooser {
+  public:
+    virtual ~FileChooser() = default;
+    virtual QString Choose(QWidget* owner, bool save, const QString& title,
+                           const QStringList& filters, const QString& folder,
+                           const QString& suggested, int* filterIndex,
+                           const QString& defaultSuffix) = 0;
+};
+
+// The Qt file dialogs: an overwrite question when saving, the default extension (that of
+// the chosen filter) added when the name has none.
+class DialogFileChooser : public FileChooser {
+  public:
+    QString Choose(QWidget* owner, bool save, const QString& title, const QStringList& filters,
+                   const QString& folder, const QString& suggested, int* filterIndex,
+                   const QString& defaultSuffix) override;
+};
+
 // The screen-shot, capture and animated-GIF commands of the menus: their dialogs, the
 // progress windows and the message of each outcome. The path blocks remember where each
 // kind of file was last chosen.
@@ -19,8 +40,8 @@ class OutputFlows : public QObject {
 
   public:
     // sceneChanged is called after a record replaced the scene, so the window shows it.
-    OutputFlows(ViewerSession& session, QWidget* owner, std::function<bool()> checkIndex,
-                std::function<void()> sceneChanged);
+    OutputFlows(ViewerSession& session, QWidget* owner, FileChooser& files,
+                std::function<bool()> checkIndex, std::function<void()> sceneChanged);
 
     void SaveScreenShot(QWidget* owner);
     void RestorePosition();
@@ -40,6 +61,7 @@ class OutputFlows : public QObject {
 
     ViewerSession& session_;
     QWidget* owner_;
+    FileChooser& files_;
     std::function<bool()> checkIndex_;
     std::function<void()> sceneChanged_;
     PathBlock shotBlock_;

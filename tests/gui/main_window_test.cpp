@@ -1,19 +1,26 @@
 // The main window driven offscreen through the real worker.
+#include "app/main_window.h"
+
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <QtTest>
 
-#include "app/main_window.h"
+#include "app/output_flows.h"
+#include "app/progress_window.h"
 #include "app/view_panel.h"
 #include "app/viewer_session.h"
+#include "output/capture_info.h"
+#include "output/path_block.h"
+#include "ui/setting_dialog.h"
 
 namespace kirameki {
 
 class ScriptedPrompter : public Prompter {
-public:
+  public:
     bool answer = false;
     QStringList asked, told;
     bool AskYesNo(const std::string& text) override {
@@ -23,12 +30,27 @@ public:
     void Tell(const std::string& text, bool) override { told << QString::fromStdString(text); }
 };
 
+// Answers the file dialogs with the paths queued for them, in order.
+class ScriptedFiles : public FileChooser {
+  public:
+    QStringList answers;
+    QStringList titles;
+    QString Choose(QWidget*, bool, const QString& title, const QStringList&, const QString&,
+                   const QString&, int* filterIndex, const QString&) override {
+        titles << title;
+        if (filterIndex)
+            *filterIndex = 4;  // PNG 24-bit
+        return answers.isEmpty() ? QString() : answers.takeFirst();
+    }
+};
+
 class MainWindowTest : public QObject {
     Q_OBJECT
 
-private:
+  private:
     struct Viewer {
-        explicit Viewer(const QString& folder, const std::function<void(AppSettings&)>& setup = {}) {
+        explicit Viewer(const QString& folder,
+                        const std::function<void(AppSettings&)>& setup = {}) {
             paths.settingsFile = (folder + "/Setting.ini").toStdString();
             paths.screenShotsFolder = (folder + "/ScreenShots/").toStdString();
             paths.capturesFolder = (folder + "/AutoCaps/").toStdString();
@@ -40,19 +62,47 @@ private:
                 SaveSettings(paths.settingsFile, s, error);
             }
             session = std::make_unique<ViewerSession>(paths, prompter);
-            window = std::make_unique<MainWindow>(*session);
+            window = std::make_unique<MainWindow>(*session, files);
             window->show();
             session->Start();
         }
         ~Viewer() { window->close(); }
         ProgramPaths paths;
         ScriptedPrompter prompter;
+        ScriptedFiles files;
         std::unique_ptr<ViewerSession> session;
         std::unique_ptr<MainWindow> window;
     };
     QTemporaryDir dir_;
 
-private slots:
+    // Accepts every setting window as soon as it is up (OK with the values shown), and
+    // presses "Abort (&A)" on a capture's progress window when asked to.
+    struct ModalAnswers {
+        QTimer timer;
+        bool abortCapture = false;
+        ModalAnswers() {
+            QObject::connect(&timer, &QTimer::timeout, [this] {
+                QWidget* modal = QApplication::activeModalWidget();
+                if (auto* dialog = qobject_cast<SettingDialog*>(modal))
+                    dialog->accept();
+                if (auto* progress = qobject_cast<ProgressWindow*>(modal);
+                    progress && abortCapture) {
+                    abortCapture = false;
+                    emit progress->abortRequested();
+                }
+            });
+            timer.start(20);
+        }
+    };
+
+    static int FramesOnDisk(const QString& stem, int n) {
+        int count = 0;
+        for (int i = 0; i < n; ++i)
+            count += QFile::exists(QString::fromStdString(FrameFileName(stem.toStdString(), i, n)));
+        return count;
+    }
+
+  private slots:
     void MenusAndListsFollowTheSettings() {
         Viewer v(dir_.path(), [](AppSettings& s) {
             s.showTitleWindow = 0;
@@ -115,6 +165,91 @@ private slots:
         const QImage picture = w.Panel().RenderedPicture();
         QCOMPARE(picture.width(), 200);
         QVERIFY(picture.pixelColor(100, 100) != picture.pixelColor(0, 0));  // stone on background
+    }
+
+    void ScreenShotAndRestorePosition() {
+        const QString folder = dir_.path() + "/shot";
+        QDir().mkpath(folder);
+        Viewer v(folder, [](AppSettings& s) {
+            s.showTitleWindow = 0;
+            s.imageSize = 64;
+            s.stone = 1;
+            s.model = 6;
+            s.stoneColour = 3;
+            s.refractiveIndex = 1.77;
+        });
+        MainWindow& w = *v.window;
+        // Before anything was rendered there is nothing to save.
+        v.window->Flows().SaveScreenShot(&w);
+        QCOMPARE(v.files.titles.size(), 0);
+        QSignalSpy finished(&v.session->Sink(), &QtWorkerSink::renderFinished);
+        w.RequestRender();
+        QTRY_VERIFY_WITH_TIMEOUT(finished.count() == 1, 20000);
+        v.files.answers << folder + "/Gem.png";
+        w.Flows().SaveScreenShot(&w);
+        QVERIFY(QFile::exists(folder + "/Gem.png"));
+        QVERIFY(QFile::exists(folder + "/Gem.gpi"));
+        QVERIFY(v.prompter.told.last().contains("Position-Info File\" were saved"));
+        QCOMPARE(QImage(folder + "/Gem.png").width(), 64);
+        // Another stone, then the position brings the saved scene back.
+        emit w.StoneList().activated(0);
+        QCOMPARE(w.CutList().currentIndex(), 0);
+        v.files.answers << folder + "/Gem.gpi";
+        w.Flows().RestorePosition();
+        QCOMPARE(w.StoneList().currentIndex(), 1);
+        QCOMPARE(w.CutList().currentIndex(), 6);
+        QCOMPARE(w.IndexField().text(), QString("1.77"));
+    }
+
+    void CaptureAbortResumeAndAnimatedGif() {
+        const QString folder = dir_.path() + "/capture";
+        QDir().mkpath(folder);
+        Viewer v(folder, [](AppSettings& s) {
+            s.showTitleWindow = 0;
+            s.imageSize = 48;
+            s.captureFrames = 6;
+            s.option5 = 0;
+        });
+        MainWindow& w = *v.window;
+        ModalAnswers answers;
+        v.files.answers << folder + "/Gem.sqi";
+        w.Flows().NewCapture();
+        QCOMPARE(FramesOnDisk(folder + "/Gem", 6), 6);
+        QVERIFY(v.prompter.told.last().startsWith("All frames have been captured."));
+        QVERIFY(v.prompter.told.last().contains("\"Gem.sqi\""));
+
+        // A longer run, aborted from its progress window: the record keeps how far it got.
+        v.session->Settings().captureFrames = 40;
+        v.session->Settings().imageSize = 256;
+        v.session->Settings().option4 = 1;
+        v.session->Commit();
+        answers.abortCapture = true;
+        v.files.answers << folder + "/Long.sqi";
+        w.Flows().NewCapture();
+        QCOMPARE(v.prompter.told.last(), QString("Capturing was aborted."));
+        AppSettings s;
+        ViewState view;
+        CaptureState capture;
+        SceneState scene{s, view, capture};
+        QVERIFY(ReadCaptureInfo((folder + "/Long.sqi").toStdString(), scene, true).opened);
+        QCOMPARE(s.captureFrames, 40);
+        QVERIFY(capture.framesCaptured < 40);
+        QCOMPARE(FramesOnDisk(folder + "/Long", 40), capture.framesCaptured);
+
+        // The incomplete run cannot become an animation; the complete one can.
+        v.files.answers << folder + "/Long.sqi";
+        w.Flows().MakeAnimatedGif();
+        QVERIFY(v.prompter.told.last().startsWith("All frames have not been captured."));
+        v.files.answers << folder + "/Gem.sqi" << folder + "/Gem_ANI.gif";
+        w.Flows().MakeAnimatedGif();
+        QVERIFY(v.prompter.told.last().startsWith("Animation GIF file was saved."));
+        QVERIFY(QFile::exists(folder + "/Gem_ANI.gif"));
+
+        // Resuming the aborted run completes it from where it stopped.
+        v.files.answers << folder + "/Long.sqi";
+        w.Flows().ResumeCapture();
+        QVERIFY(v.prompter.told.last().startsWith("All frames have been captured."));
+        QCOMPARE(FramesOnDisk(folder + "/Long", 40), 40);
     }
 
     void ClosingWritesTheSettingsFile() {
