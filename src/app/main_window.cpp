@@ -14,6 +14,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include "app/light_area.h"
@@ -254,8 +255,13 @@ QWidget* MainWindow::BuildControls() {
     info_ = new QLabel(column);
     info_->setTextFormat(Qt::RichText);
     info_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    // The help scrolls rather than pushing the window taller than a small screen.
+    auto* infoScroll = new QScrollArea(column);
+    infoScroll->setWidget(info_);
+    infoScroll->setWidgetResizable(true);
+    infoScroll->setFrameShape(QFrame::NoFrame);
     lightArea_ = new LightArea(column);
-    infoRow->addWidget(info_, 1);
+    infoRow->addWidget(infoScroll, 1);
     infoRow->addWidget(lightArea_, 0, Qt::AlignTop);
     layout->addLayout(infoRow, 1);
     choice_ = new QLabel(column);

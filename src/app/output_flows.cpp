@@ -23,6 +23,29 @@ QString Tr(const char* text) {
     return QCoreApplication::translate("OutputFlows", text);
 }
 
+// The texts this file shows through Tr, listed for translation.
+[[maybe_unused]] const char* const kTexts[] = {
+    QT_TRANSLATE_NOOP("OutputFlows", "Save Screen Shot"),
+    QT_TRANSLATE_NOOP("OutputFlows", "Open Position-Info File"),
+    QT_TRANSLATE_NOOP("OutputFlows", "Position-Info File (*.gpi)"),
+    QT_TRANSLATE_NOOP("OutputFlows", "Save Capture-Info File"),
+    QT_TRANSLATE_NOOP("OutputFlows", "Open Capture-Info File"),
+    QT_TRANSLATE_NOOP("OutputFlows", "Capture-Info File (*.sqi)"),
+    QT_TRANSLATE_NOOP("OutputFlows", "Save Animation GIF File"),
+    QT_TRANSLATE_NOOP("OutputFlows", "Animation GIF File (*.gif)"),
+    QT_TRANSLATE_NOOP("OutputFlows", "Automatic Screen Capturing"),
+    QT_TRANSLATE_NOOP("OutputFlows", "Compiling Animated-GIF"),
+    QT_TRANSLATE_NOOP("OutputFlows", "Nothing has been rendered yet: press Ray-Trace first."),
+    QT_TRANSLATE_NOOP("OutputFlows", "The capture file's frame counts are damaged."),
+    QT_TRANSLATE_NOOP("OutputFlows", "Bitmap 24bit FullColor (*.bmp)"),
+    QT_TRANSLATE_NOOP("OutputFlows", "Bitmap 16bit HighColor (*.bmp)"),
+    QT_TRANSLATE_NOOP("OutputFlows", "Bitmap 256 Colors (*.bmp)"),
+    QT_TRANSLATE_NOOP("OutputFlows", "PNG 24bit FullColor (*.png)"),
+    QT_TRANSLATE_NOOP("OutputFlows", "PNG 16bit HighColor (*.png)"),
+    QT_TRANSLATE_NOOP("OutputFlows", "PNG 256 Colors (*.png)"),
+    QT_TRANSLATE_NOOP("OutputFlows", "GIF 256 Colors (*.gif)"),
+};
+
 // A message with %s filled in, translated before the argument goes in.
 std::string Formatted(const char* text, const std::string& argument) {
     return QCoreApplication::translate("Messages", text)
@@ -112,7 +135,9 @@ void OutputFlows::SaveScreenShot(QWidget* owner) {
     std::string error;
     if (!WritePicture(path.toStdString(), s.trimming[4] ? trimmed : picture,
                       PictureFormat(std::clamp(shotFilter_, 1, 7)), background, error)) {
-        Tell(std::string(messages::kFailedToOpenFile) + "\n\n" + error, true);
+        Tell(QCoreApplication::translate("Messages", messages::kFailedToOpenFile).toStdString() +
+                 "\n\n" + error,
+             true);
         return;
     }
     ChoosePath(path.toStdString(), shotBlock_);
