@@ -350,14 +350,18 @@ void MainWindow::ConnectWorker() {
     });
     connect(&sink, &QtWorkerSink::rowsRendered, this,
             [this](const QImage& strip, int first, int size) {
+                // Without the row-by-row option the picture appears once it is complete.
+                const bool rowByRow = session_.Settings().option7 != 0;
                 if (session_.Settings().separateRenderWindow)
-                    renderWindow_->AddRows(strip, first, size);
+                    renderWindow_->AddRows(strip, first, size, rowByRow);
                 else
-                    panel_->AddRows(strip, first, size);
+                    panel_->AddRows(strip, first, size, rowByRow);
             });
     connect(&sink, &QtWorkerSink::renderFinished, this, [this] {
         session_.Client().RenderFinished();
         progressButton_->hide();
+        panel_->update();
+        renderWindow_->update();
     });
     connect(panel_, &ViewPanel::pressed, this, [this](QPoint p) {
         if (!session_.Client().BeginDrag(1, p.x(), p.y()))

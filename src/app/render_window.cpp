@@ -29,13 +29,14 @@ void RenderWindow::Prepare(int size, bool topMost) {
     raise();
 }
 
-void RenderWindow::AddRows(const QImage& strip, int first, int size) {
+void RenderWindow::AddRows(const QImage& strip, int first, int size, bool show) {
     if (size != size_)
         return;
     QPainter painter(&picture_);
     painter.drawImage(0, first, strip);
     painter.end();
-    update();
+    if (show)
+        update();
 }
 
 void RenderWindow::paintEvent(QPaintEvent*) {

@@ -15,7 +15,7 @@ class RenderWindow : public QWidget {
 
     static int Margin(int size);
     void Prepare(int size, bool topMost);
-    void AddRows(const QImage& strip, int first, int size);
+    void AddRows(const QImage& strip, int first, int size, bool show = true);
     const QImage& Picture() const { return picture_; }
 
   signals:

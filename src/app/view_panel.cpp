@@ -31,13 +31,14 @@ void ViewPanel::BeginRender(int size) {
     update();
 }
 
-void ViewPanel::AddRows(const QImage& strip, int first, int size) {
+void ViewPanel::AddRows(const QImage& strip, int first, int size, bool show) {
     if (render_.width() != size)
         BeginRender(size);
     QPainter painter(&render_);
     painter.drawImage(0, first, strip);
     painter.end();
-    update(ImageRect(size).adjusted(0, first, 0, 0));
+    if (show)
+        update(ImageRect(size).adjusted(0, first, 0, 0));
 }
 
 void ViewPanel::SetTrimmingFrame(bool shown, int top, int bottom, int left, int right) {

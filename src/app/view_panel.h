@@ -15,7 +15,7 @@ class ViewPanel : public QWidget {
 
     void ShowPreview(const QImage& preview, int imageSize);
     void BeginRender(int size);
-    void AddRows(const QImage& strip, int first, int size);
+    void AddRows(const QImage& strip, int first, int size, bool show = true);
     // Margins (top, bottom, left, right) of the trimming frame; all negative hides it.
     void SetTrimmingFrame(bool shown, int top, int bottom, int left, int right);
     bool ShowsRender() const { return showsRender_; }
