@@ -36,26 +36,29 @@ class RowRenderer {
           scale_(double(scale)),
           r0_(optics::NormalReflectance(p.outerIndex, p.stoneIndex)) {}
 
-    void Render(int py) const {
+    // Renders one row with the path memory of the calling thread.
+    void Render(int py, TracerPathMemory& memory) const {
+        TraceScene scene = scene_;
+        scene.memory = &memory;
         const double oy = -double(py - centreY_) / scale_;
         for (int px = 0; px < image_.Width(); ++px) {
             const Vec3 origin = {double(px - centreX_) / scale_, oy, kRayStartZ};
-            image_.SetPixel(px, py, p_.fire ? FirePixel(origin) : PlainPixel(origin));
+            image_.SetPixel(px, py, p_.fire ? FirePixel(origin, scene) : PlainPixel(origin, scene));
         }
     }
 
   private:
-    std::uint32_t PlainPixel(Vec3 origin) const {
+    std::uint32_t PlainPixel(Vec3 origin, const TraceScene& scene) const {
         TraceResults r;
         const bool hit = Trace_TraceVector(origin, {0, 0, 1}, p_.outerIndex, p_.stoneIndex, 0, r0_,
-                                           scene_, r) != 0;
+                                           scene, r) != 0;
         return MapPixel(hit, r.out4, r.out5, r.out6, r.out7, p_.backColour);
     }
 
-    std::uint32_t FirePixel(Vec3 origin) const {
+    std::uint32_t FirePixel(Vec3 origin, const TraceScene& scene) const {
         return kirameki::FirePixel(
             [&](double index, TraceResults& r) {
-                return Trace_TraceVector(origin, {0, 0, 1}, p_.outerIndex, index, 0, r0_, scene_,
+                return Trace_TraceVector(origin, {0, 0, 1}, p_.outerIndex, index, 0, r0_, scene,
                                          r) != 0;
             },
             p_.stoneIndex, p_.fireSpread, p_.backColour);
@@ -115,6 +118,7 @@ class RowScheduler {
 
   private:
     void Work() {
+        TracerPathMemory memory;  // this thread's last path, to guess the next one from
         for (;;) {
             int row;
             {
@@ -124,7 +128,7 @@ class RowScheduler {
                     return;
                 row = taken_++;
             }
-            renderer_.Render(row);
+            renderer_.Render(row, memory);
             {
                 std::lock_guard lock(mutex_);
                 done_[row] = 1;

@@ -21,6 +21,11 @@ constexpr double kAbsorptionScale = 25.0;
 // light it still carries is counted as the average light of the surroundings.
 constexpr double kNegligible = 1e-3;
 
+// A guessed face is taken only when the point lies this far inside all its edges (in
+// girdle radii): near an edge the full search decides, so a guess never chooses otherwise
+// than the search would.
+constexpr double kGuessMargin = 1e-4;
+
 Vec3 PlaneNormal(const TracerFaceArea& area, int i) {
     return {area.nx[i], area.ny[i], area.nz[i]};
 }
@@ -46,6 +51,69 @@ class Crossing {
     double from_, to_, lift_;
 };
 
+// True when the ray from p along d meets the plane of the face, entering the stone through
+// it (entering) or leaving through it, at a point well inside the face: then that face is
+// the one the ray crosses, since a line meets a convex solid's surface once going in and
+// once going out. t receives the distance.
+inline bool ConfirmFace(const TracerWorkAreas& work, int face, Vec3 p, Vec3 d, bool entering,
+                        double& t) {
+    const TracerFaceArea& area = work.faces;
+    if (face < 0 || face >= area.faceCount)
+        return false;
+    const double b = Dot(PlaneNormal(area, face), d);
+    if (entering ? !(b > 0.0) : !(b < 0.0))
+        return false;
+    const double h = Height(area, face, p);
+    // The crossing lies at t = num / den along the ray. Each edge is tested at that point
+    // multiplied through by den (> 0), so the tests need not wait for the division.
+    const double num = entering ? -h : std::max(h, 0.0);
+    const double den = entering ? b : -b;
+    t = num / den;
+    if (entering && !(t > 0.0))
+        return false;
+    // The nearest edge decides; taking the least over all edges keeps the loop free of
+    // branches that would be guessed wrong half the time.
+    const TracerEdgeArea& edges = work.edges;
+    double nearest = kGuessMargin * den;
+    for (int e = edges.first[face]; e < edges.first[face + 1]; ++e) {
+        const TracerEdgeArea::Line& line = edges.lines[e];
+        const double atStart = line.x * p.x + line.y * p.y + line.z * p.z - line.offset;
+        const double along = line.x * d.x + line.y * d.y + line.z * d.z;
+        nearest = std::min(nearest, atStart * den + along * num);
+    }
+    return nearest >= kGuessMargin * den;
+}
+
+// The edges of every face as inward lines of its plane.
+void PrepareEdges(const TraceScene& scene, int count) {
+    TracerEdgeArea& edges = scene.work->edges;
+    int next = 0;
+    for (int i = 0; i < count; ++i) {
+        const FaceRecord& face = scene.faceTable[i];
+        edges.first[i] = next;
+        const Vec3 n = face.Normal();
+        Vec3 centre;
+        for (int j = 0; j < face.Count; ++j)
+            centre = centre + scene.viewVertices[face.Index[j]];
+        centre = centre * (1.0 / face.Count);
+        for (int j = 0; j < face.Count; ++j, ++next) {
+            const Vec3 a = scene.viewVertices[face.Index[j]];
+            const Vec3 b = scene.viewVertices[face.Index[(j + 1) % face.Count]];
+            Vec3 m = Cross(n, b - a);
+            const double length = Length(m);
+            if (length < 1e-12) {  // coinciding corners: no edge to test
+                edges.lines[next] = {0.0, 0.0, 0.0, -1.0};
+                continue;
+            }
+            m = m * (1.0 / length);
+            if (Dot(m, centre - a) < 0.0)
+                m = -m;
+            edges.lines[next] = {m.x, m.y, m.z, Dot(m, a)};
+        }
+    }
+    edges.first[count] = next;
+}
+
 }  // namespace
 
 void PrepareTracer(TraceScene& scene) {
@@ -61,6 +129,7 @@ void PrepareTracer(TraceScene& scene) {
     }
     area.faceCount = count;
     area.search = SelectPlaneSearch();
+    PrepareEdges(scene, count);
     scene.work->lighting = Lighting(scene.lightDirection, scene.lightVolumes, scene.backColour,
                                     scene.narrowMainLight != 0);
     area.paddedCount = (count + kPlanePadding - 1) / kPlanePadding * kPlanePadding;
@@ -86,18 +155,31 @@ int Trace_TraceVector(Vec3 origin, Vec3 direction, double outerIndex, double sto
         return 0;
     const Vec3 d0 = Normalized(direction);
 
-    const EntryFaces entry = area.search.entry(area, origin, d0);
-    if (entry.parallelOutside || entry.in < 0)
-        return 0;
-    const double tIn = -Height(area, entry.in, origin) / Dot(PlaneNormal(area, entry.in), d0);
-    if (entry.out >= 0) {
-        const double tOut =
-            -Height(area, entry.out, origin) / Dot(PlaneNormal(area, entry.out), d0);
-        if (!(tIn < tOut))
+    TracerPathMemory::Path* memory = scene.memory ? &scene.memory->For(stoneIndex) : nullptr;
+    int entryFace = -1;
+    double tIn = 0.0;
+    if (!memory || !ConfirmFace(*scene.work, memory->entryFace, origin, d0, true, tIn)) {
+        const EntryFaces entry = area.search.entry(area, origin, d0);
+        if (entry.parallelOutside || entry.in < 0)
             return 0;
+        tIn = -Height(area, entry.in, origin) / Dot(PlaneNormal(area, entry.in), d0);
+        if (entry.out >= 0) {
+            const double tOut =
+                -Height(area, entry.out, origin) / Dot(PlaneNormal(area, entry.out), d0);
+            if (!(tIn < tOut))
+                return 0;
+        }
+        if (!(tIn > 0.0))
+            return 0;
+        entryFace = entry.in;
+    } else {
+        entryFace = memory->entryFace;
     }
-    if (!(tIn > 0.0))
-        return 0;
+    const int guesses = memory ? memory->exitCount : 0;
+    if (memory) {
+        memory->entryFace = entryFace;
+        memory->exitCount = 0;
+    }
 
     const Lighting& lighting = scene.work->lighting;
     // Reflectance at normal incidence is the same both ways; the exact Fresnel curve is
@@ -107,9 +189,9 @@ int Trace_TraceVector(Vec3 origin, Vec3 direction, double outerIndex, double sto
     const Crossing entering(outerIndex, stoneIndex, lift);
     const Crossing leaving(stoneIndex, outerIndex, lift);
     Vec3 p = origin + d0 * tIn;
-    const Vec3 n = PlaneNormal(area, entry.in);  // into the stone
+    const Vec3 n = PlaneNormal(area, entryFace);  // into the stone
     results.out1 = tIn;
-    results.out2 = entry.in;
+    results.out2 = entryFace;
 
     // At the entry face the light splits by Fresnel's law: the reflected part shows the main
     // light's highlight and the surroundings, the rest is refracted into the stone.
@@ -140,14 +222,25 @@ int Trace_TraceVector(Vec3 origin, Vec3 direction, double outerIndex, double sto
     int segments = 0;
     double pathLength = 0.0;
     for (int level = startLevel; level < scene.depth; ++level) {
-        const int face = area.search.exit(area, p, d);
-        if (face < 0)
-            break;
+        int face = -1;
+        double t = 0.0;
+        if (segments < guesses &&
+            ConfirmFace(*scene.work, memory->exitFaces[segments], p, d, false, t)) {
+            face = memory->exitFaces[segments];
+        } else {
+            face = area.search.exit(area, p, d);
+            if (face < 0)
+                break;
+            const double rate = Dot(PlaneNormal(area, face), d);
+            if (!(rate < 0.0))
+                break;
+            t = std::max(Height(area, face, p), 0.0) / -rate;
+        }
+        if (memory && segments < int(memory->exitFaces.size())) {
+            memory->exitFaces[segments] = face;
+            memory->exitCount = segments + 1;
+        }
         const Vec3 inward = PlaneNormal(area, face);
-        const double rate = Dot(inward, d);
-        if (!(rate < 0.0))
-            break;
-        const double t = std::max(Height(area, face, p), 0.0) / -rate;
         ++segments;
         pathLength += t;
         p = p + d * t;

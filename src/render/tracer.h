@@ -28,18 +28,59 @@ struct TracerFaceArea {
     PlaneSearch search;
 };
 
-// Per-vertex scratch of the tracing contract. The polyhedron tracer needs only the planes,
-// so these stay unused; they keep the contract's shape for callers.
+// The edges of every face, as lines in the face's plane: a point of the plane lies inside
+// the face when it is on the inner side of each of them. Edge j of face i is entry
+// first[i] + j. With them a guessed face is confirmed far more cheaply than by searching
+// all the planes.
+struct TracerEdgeArea {
+    static constexpr int kCapacity = kMaxFaces * kMaxFaceVertices;
+    struct Line {
+        double x, y, z;  // unit, in the face's plane, pointing into the face
+        double offset;   // inside: m . p >= offset
+    };
+    std::array<std::int32_t, kMaxFaces + 1> first{};
+    std::array<Line, kCapacity> lines{};
+};
+
+// Per-vertex scratch of the tracing contract, unused by the polyhedron tracer.
 struct TracerVertexArea {
     std::array<double, 3 * kMaxVertices> values{};
+};
+
+// The faces the last ray of one thread met, in order: neighbouring pixels and the three
+// fire samples of a pixel mostly take the same path, so each face is first guessed from
+// here and confirmed against its edges; only a wrong or doubtful guess searches all planes.
+// The results are those of the full search.
+struct TracerPathMemory {
+    // One remembered path per refractive index, so that each fire sample is guessed from
+    // the same sample of the pixel before.
+    struct Path {
+        double stoneIndex = 0.0;
+        int entryFace = -1;
+        int exitCount = 0;
+        std::array<int, 24> exitFaces{};
+    };
+    std::array<Path, 4> paths{};
+    int next = 0;  // the slot a new index takes
+
+    Path& For(double stoneIndex) {
+        for (Path& path : paths)
+            if (path.stoneIndex == stoneIndex)
+                return path;
+        Path& path = paths[next];
+        next = (next + 1) % int(paths.size());
+        path = Path{};
+        path.stoneIndex = stoneIndex;
+        return path;
+    }
 };
 
 // The caller-owned work areas, zero-initialised, living as long as the program.
 struct TracerWorkAreas {
     TracerFaceArea faces;
     Lighting lighting;  // the lights of the frame, worked out once
-    TracerVertexArea vertices1;
-    TracerVertexArea vertices2;
+    TracerEdgeArea edges;
+    TracerVertexArea vertices;
 };
 
 // Everything a ray is traced against that stays the same for a whole frame.
@@ -56,6 +97,7 @@ struct TraceScene {
     std::array<std::int32_t, 3> backColour{};    // 0..255
     std::array<std::int32_t, 3> lightVolumes{};  // main, back, fill, percent 0..200
     std::int32_t narrowMainLight = 0;
+    TracerPathMemory* memory = nullptr;  // one per thread; none: every face is searched
 };
 
 // The eight results of one ray.
