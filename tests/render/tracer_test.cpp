@@ -154,6 +154,31 @@ TEST(Tracer, RaysThroughEdgesAndCornersGiveFiniteLightAndMissesReportZero) {
     }
 }
 
+TEST(Tracer, GuessingFacesFromThePreviousPathNeverChangesAResult) {
+    // Every face a remembered path suggests is confirmed or searched for: the results must be
+    // exactly those of tracing without memory, however the rays follow one another.
+    for (int entry : {0, 4, 7, 12}) {
+        Stone stone(entry, InitialViewState(), Normalized({0.3, -0.5, 0.8}));
+        TracerPathMemory memory;
+        TraceScene guessing = stone.scene;
+        guessing.memory = &memory;
+        for (double y = -1.0; y <= 1.0; y += 0.031)
+            for (double x = -1.0; x <= 1.0; x += 0.0123)
+                for (double index : {2.42 * 0.975, 2.42, 2.42 * 1.025}) {
+                    TraceResults plain, guessed;
+                    const double r0 = optics::NormalReflectance(1.0, index);
+                    const int a = Trace_TraceVector({x, y, -1.1}, {0, 0, 1}, 1.0, index, 0, r0,
+                                                    stone.scene, plain);
+                    const int b = Trace_TraceVector({x, y, -1.1}, {0, 0, 1}, 1.0, index, 0, r0,
+                                                    guessing, guessed);
+                    ASSERT_EQ(a, b);
+                    ASSERT_EQ(plain.out5, guessed.out5) << entry << " " << x << " " << y;
+                    ASSERT_EQ(plain.out4, guessed.out4);
+                    ASSERT_EQ(plain.out8, guessed.out8);
+                }
+    }
+}
+
 TEST(Tracer, TotalInternalReflectionKeepsTheLightInsideTheStone) {
     // Face on, a round brilliant's pavilion sends the light back up by total internal
     // reflection: the table must not come out dark at the default depth.
