@@ -12,6 +12,7 @@
 #include "output/capture_info.h"
 #include "output/messages.h"
 #include "output/picture_writers.h"
+#include "output/render_settings.h"
 #include "ui/capture_header_dialog.h"
 #include "ui/gif_settings_dialog.h"
 
@@ -129,9 +130,7 @@ void OutputFlows::SaveScreenShot(QWidget* owner) {
     FrameImage trimmed;
     if (s.trimming[4])
         trimmed = Trimmed(picture, s.trimming[0], s.trimming[1], s.trimming[2], s.trimming[3]);
-    const std::uint32_t background =
-        PackRgb(std::clamp<int>(s.backColour[0], 0, 255), std::clamp<int>(s.backColour[1], 0, 255),
-                std::clamp<int>(s.backColour[2], 0, 255));
+    const std::uint32_t background = BackgroundColourOf(s);
     std::string error;
     if (!WritePicture(path.toStdString(), s.trimming[4] ? trimmed : picture,
                       PictureFormat(std::clamp(shotFilter_, 1, 7)), background, error)) {
@@ -176,28 +175,41 @@ void OutputFlows::AdoptScene(const AppSettings& read, const ViewState& view) {
         Tell(refused, true);
 }
 
+std::optional<OutputFlows::OpenedRecord> OutputFlows::OpenRecord(bool captureFile, bool headerOnly,
+                                                                 PathBlock& block) {
+    const QString path =
+        captureFile
+            ? files_.Choose(owner_, false, Tr("Open Capture-Info File"),
+                            {Tr("Capture-Info File (*.sqi)")},
+                            QString::fromStdString(Folder(block, session_.Paths().capturesFolder)),
+                            {}, nullptr, "sqi")
+            : files_.Choose(
+                  owner_, false, Tr("Open Position-Info File"), {Tr("Position-Info File (*.gpi)")},
+                  QString::fromStdString(Folder(block, session_.Paths().screenShotsFolder)), {},
+                  nullptr, "gpi");
+    if (path.isEmpty())
+        return std::nullopt;
+    OpenedRecord record{session_.Settings(), session_.Scene().ShownView(), capture_, {}};
+    SceneState scene{record.settings, record.view, record.capture};
+    const RecordRead read = ReadCaptureInfo(path.toStdString(), scene, headerOnly);
+    if (!read.opened) {
+        Tell(messages::kFailedToOpenFile, true);
+        return std::nullopt;
+    }
+    ChoosePath(path.toStdString(), block);
+    record.refused = read.refused;
+    return record;
+}
+
 void OutputFlows::RestorePosition() {
     if (session_.Client().Busy())
         return;
-    const QString path = files_.Choose(
-        owner_, false, Tr("Open Position-Info File"), {Tr("Position-Info File (*.gpi)")},
-        QString::fromStdString(Folder(shotBlock_, session_.Paths().screenShotsFolder)), {}, nullptr,
-        "gpi");
-    if (path.isEmpty())
+    const auto record = OpenRecord(false, false, shotBlock_);
+    if (!record)
         return;
-    AppSettings settings = session_.Settings();
-    ViewState view = session_.Scene().ShownView();
-    CaptureState capture = capture_;
-    SceneState scene{settings, view, capture};
-    const RecordRead read = ReadCaptureInfo(path.toStdString(), scene, false);
-    if (!read.opened) {
-        Tell(messages::kFailedToOpenFile, true);
-        return;
-    }
-    ChoosePath(path.toStdString(), shotBlock_);
-    AdoptScene(settings, view);
-    if (!read.refused.empty())
-        Tell(read.refused, true);
+    AdoptScene(record->settings, record->view);
+    if (!record->refused.empty())
+        Tell(record->refused, true);
 }
 
 int OutputFlows::RunCaptureWindow(int firstFrame, bool existenceCheck) {
@@ -210,9 +222,7 @@ int OutputFlows::RunCaptureWindow(int firstFrame, bool existenceCheck) {
     run.start = session_.Scene().ShownView();
     run.trimming = s.trimming[4] != 0;
     run.margins = {s.trimming[0], s.trimming[1], s.trimming[2], s.trimming[3]};
-    run.background =
-        PackRgb(std::clamp<int>(s.backColour[0], 0, 255), std::clamp<int>(s.backColour[1], 0, 255),
-                std::clamp<int>(s.backColour[2], 0, 255));
+    run.background = BackgroundColourOf(s);
     session_.Scene().SetCaptureRun(run);
     session_.Scene().SetCapturedFrames(firstFrame);
     ProgressWindow window(Tr("Automatic Screen Capturing"), true, owner_);
@@ -261,22 +271,12 @@ void OutputFlows::NewCapture() {
 void OutputFlows::ResumeCapture() {
     if (session_.Client().Busy())
         return;
-    const QString path = files_.Choose(
-        owner_, false, Tr("Open Capture-Info File"), {Tr("Capture-Info File (*.sqi)")},
-        QString::fromStdString(Folder(captureBlock_, session_.Paths().capturesFolder)), {}, nullptr,
-        "sqi");
-    if (path.isEmpty())
+    const auto record = OpenRecord(true, false, captureBlock_);
+    if (!record)
         return;
-    AppSettings settings = session_.Settings();
-    ViewState view = session_.Scene().ShownView();
-    CaptureState capture = capture_;
-    SceneState scene{settings, view, capture};
-    const RecordRead read = ReadCaptureInfo(path.toStdString(), scene, false);
-    if (!read.opened) {
-        Tell(messages::kFailedToOpenFile, true);
-        return;
-    }
-    ChoosePath(path.toStdString(), captureBlock_);
+    const AppSettings& settings = record->settings;
+    const ViewState& view = record->view;
+    const CaptureState& capture = record->capture;
     if (!SceneProblem(settings).empty() || capture.framesCaptured < 0 ||
         capture.framesCaptured > settings.captureFrames) {
         Tell(SceneProblem(settings).empty()
@@ -307,23 +307,11 @@ void OutputFlows::MakeAnimatedGif() {
     if (session_.Client().Busy())
         return;
     gifBlock_.initialFolder = captureBlock_.initialFolder;
-    const QString path = files_.Choose(
-        owner_, false, Tr("Open Capture-Info File"), {Tr("Capture-Info File (*.sqi)")},
-        QString::fromStdString(Folder(captureBlock_, session_.Paths().capturesFolder)), {}, nullptr,
-        "sqi");
-    if (path.isEmpty())
+    const auto record = OpenRecord(true, true, captureBlock_);
+    if (!record)
         return;
-    AppSettings header = session_.Settings();
-    ViewState ignoredView;
-    CaptureState capture;
-    SceneState scene{header, ignoredView, capture};
-    if (!ReadCaptureInfo(path.toStdString(), scene, true).opened) {
-        Tell(messages::kFailedToOpenFile, true);
-        return;
-    }
-    ChoosePath(path.toStdString(), captureBlock_);
-    const int n = header.captureFrames;
-    if (n < 1 || n != capture.framesCaptured) {
+    const int n = record->settings.captureFrames;
+    if (n < 1 || n != record->capture.framesCaptured) {
         Tell(messages::kNotAllFramesCaptured, true);
         return;
     }

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <optional>
 
 #include "app/viewer_session.h"
 #include "output/path_block.h"
@@ -50,6 +51,16 @@ class OutputFlows : public QObject {
     void MakeAnimatedGif();
 
   private:
+    // A capture or position file the user chose, read over a copy of the scene; nothing
+    // when the dialog was cancelled or the file could not be read (after saying so).
+    struct OpenedRecord {
+        AppSettings settings;
+        ViewState view;
+        CaptureState capture;
+        std::string refused;
+    };
+    std::optional<OpenedRecord> OpenRecord(bool captureFile, bool headerOnly, PathBlock& block);
+
     // Runs the capture progress window with the frames from firstFrame; answers the
     // frames on disk afterwards.
     int RunCaptureWindow(int firstFrame, bool existenceCheck);

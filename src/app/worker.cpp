@@ -9,6 +9,7 @@
 #include "model/stone_tables.h"
 #include "output/capture_info.h"
 #include "output/gif_compiler.h"
+#include "output/render_settings.h"
 #include "render/frame_renderer.h"
 #include "render/rotation_steps.h"
 
@@ -47,21 +48,6 @@ class CaptureForwarder : public CaptureObserver {
     WorkerSink& sink_;
     std::function<void()> redraw_;
 };
-
-RenderParameters ParametersOf(const AppSettings& s) {
-    RenderParameters p;
-    p.stoneColour = Colours()[s.stoneColour].absorption;
-    p.stoneIndex = s.refractiveIndex;
-    p.fireSpread = Stones()[s.stone].coefficient;
-    p.depth = std::clamp(s.recursionDepth, 1, 20);
-    p.highQuality = s.option4 != 0;
-    p.fire = s.option5 != 0;
-    p.backColour = {s.backColour[0], s.backColour[1], s.backColour[2]};
-    p.lightVolumes = {std::clamp(s.mainLightVolume, 0, 200), std::clamp(s.backLightVolume, 0, 200),
-                      std::clamp(s.fillLightVolume, 0, 200)};
-    p.narrowMainLight = s.lightOption;
-    return p;
-}
 
 }  // namespace
 
@@ -186,8 +172,9 @@ void Worker::RenderFrameCommand() {
         return;
     }
     const int size = settings_.imageSize;
-    RenderFrame(ParametersOf(settings_), *model_, view_.LightDirection, {size, ScaleForSize(size)},
-                *work_, image_, forward, [this] { return AbortRequested(); });
+    RenderFrame(RenderParametersFor(settings_), *model_, view_.LightDirection,
+                {size, ScaleForSize(size)}, *work_, image_, forward,
+                [this] { return AbortRequested(); });
     scene_.PublishFrame(image_);
 }
 
@@ -287,7 +274,7 @@ void Worker::CaptureFrames(int existenceCheck) {
     RenderForwarder forward(sink_);
     int captured = run.firstFrame;
     if (SceneProblem(settings_).empty()) {
-        run.parameters = ParametersOf(settings_);
+        run.parameters = RenderParametersFor(settings_);
         run.geometry = {settings_.imageSize, ScaleForSize(settings_.imageSize)};
         captured = RunCapture(
             run, *model_, view_, *work_, image_, forward, [this] { return AbortRequested(); },

@@ -12,6 +12,7 @@
 #include "output/gif_compiler.h"
 #include "output/messages.h"
 #include "output/path_block.h"
+#include "output/render_settings.h"
 
 namespace kirameki::cli {
 
@@ -36,10 +37,6 @@ class ProgressObserver : public CaptureObserver {
   private:
     TerminalProgress bar_{"capturing"};
 };
-
-std::uint32_t BackgroundOf(const AppSettings& s) {
-    return MapPixel(false, 0, 0, 0, 0, {s.backColour[0], s.backColour[1], s.backColour[2]});
-}
 
 }  // namespace
 
@@ -112,7 +109,7 @@ int RunCapture(Arguments& args) {
     run.start = scene.view;
     run.trimming = s.trimming[4] != 0;
     run.margins = {s.trimming[0], s.trimming[1], s.trimming[2], s.trimming[3]};
-    run.background = BackgroundOf(s);
+    run.background = BackgroundColourOf(s);
     run.parameters = parameters;
     run.geometry = {s.imageSize, ScaleForSize(s.imageSize)};
 

@@ -12,6 +12,7 @@
 #include "output/capture_info.h"
 #include "output/path_block.h"
 #include "output/picture_writers.h"
+#include "output/render_settings.h"
 #include "render/frame_renderer.h"
 #include "render/preview_geometry.h"
 
@@ -82,7 +83,7 @@ int RunRender(Arguments& args) {
     std::nth_element(times.begin(), times.begin() + times.size() / 2, times.end());
     std::string error;
     const AppSettings& s = scene.settings;
-    const std::uint32_t background = MapPixel(false, 0, 0, 0, 0, parameters.backColour);
+    const std::uint32_t background = BackgroundColourOf(scene.settings);
     FrameImage trimmed;
     if (s.trimming[4])
         trimmed = Trimmed(image, s.trimming[0], s.trimming[1], s.trimming[2], s.trimming[3]);

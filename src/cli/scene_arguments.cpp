@@ -7,6 +7,7 @@
 #include "model/stone_choice.h"
 #include "model/stone_tables.h"
 #include "output/capture_info.h"
+#include "output/render_settings.h"
 #include "render/rotation_steps.h"
 
 namespace kirameki::cli {
@@ -90,17 +91,7 @@ RenderParameters SceneArguments::Parameters() const {
     const std::string problem = SceneProblem(s);
     if (!problem.empty())
         throw UsageError(problem);
-    RenderParameters p;
-    p.stoneColour = Colours()[s.stoneColour].absorption;
-    p.stoneIndex = s.refractiveIndex;
-    p.fireSpread = Stones()[s.stone].coefficient;
-    p.depth = std::clamp(s.recursionDepth, 1, 20);
-    p.highQuality = s.option4 != 0;
-    p.fire = s.option5 != 0;
-    p.backColour = {s.backColour[0], s.backColour[1], s.backColour[2]};
-    p.lightVolumes = {std::clamp(s.mainLightVolume, 0, 200), std::clamp(s.backLightVolume, 0, 200),
-                      std::clamp(s.fillLightVolume, 0, 200)};
-    p.narrowMainLight = s.lightOption;
+    RenderParameters p = RenderParametersFor(s);
     p.threads = threads;
     return p;
 }

@@ -6,24 +6,6 @@
 
 namespace kirameki {
 
-namespace {
-
-// One octagonal ring of the step cut: a rectangle of half width w (X) and half length l (Z)
-// with its corners cut at 45 degrees, c back along each side. Slots first .. first+7 run
-// clockwise seen from above from the +X end of the +Z +X corner facet.
-void StepRing(VertexArray& v, int first, double w, double l, double c, double y) {
-    v[first + 0] = {w, y, l - c};
-    v[first + 1] = {w - c, y, l};
-    v[first + 2] = {-(w - c), y, l};
-    v[first + 3] = {-w, y, l - c};
-    v[first + 4] = {-w, y, -(l - c)};
-    v[first + 5] = {-(w - c), y, -l};
-    v[first + 6] = {w - c, y, -l};
-    v[first + 7] = {w, y, -(l - c)};
-}
-
-}  // namespace
-
 // The emerald cut: an octagonal step cut 1.4 times as long as wide with corners cut back a
 // quarter of the half width. Seven rings: the table (65% of the width), two crown steps and
 // the knife-edge girdle, then three pavilion steps, and a keel line along Z. Within a row the

@@ -6,24 +6,6 @@
 
 namespace kirameki {
 
-namespace {
-
-// One octagonal ring: a rectangle of half width w (X) and half length l (Z) with its corners
-// cut at 45 degrees, c back along each side. Slots first .. first+7 run clockwise seen from
-// above from the +X end of the +X +Z corner facet, so the odd slots open the sides and ends.
-void StepRing(VertexArray& v, int first, double w, double l, double c, double y) {
-    v[first + 0] = {w, y, l - c};
-    v[first + 1] = {w - c, y, l};
-    v[first + 2] = {-(w - c), y, l};
-    v[first + 3] = {-w, y, l - c};
-    v[first + 4] = {-w, y, -(l - c)};
-    v[first + 5] = {-(w - c), y, -l};
-    v[first + 6] = {w - c, y, -l};
-    v[first + 7] = {w, y, -(l - c)};
-}
-
-}  // namespace
-
 // The scissors cut: a rectangular step cut, 1.15 times as long as wide with small cut
 // corners, whose middle crown row is crossed on every side. There the row above (20
 // degrees) and the row below (48 degrees) are carried on until they meet, and the middle

@@ -35,6 +35,17 @@ void SquashOval(GemModel& model) {
         model.ModelVertices[i].x *= 0.8;
 }
 
+void StepRing(VertexArray& v, int first, double w, double l, double c, double y) {
+    v[first + 0] = {w, y, l - c};
+    v[first + 1] = {w - c, y, l};
+    v[first + 2] = {-(w - c), y, l};
+    v[first + 3] = {-w, y, l - c};
+    v[first + 4] = {-w, y, -(l - c)};
+    v[first + 5] = {-(w - c), y, -l};
+    v[first + 6] = {w - c, y, -l};
+    v[first + 7] = {w, y, -(l - c)};
+}
+
 void SetFace(FaceArray& faces, int face, std::initializer_list<int> indices) {
     assert(indices.size() >= 3 && indices.size() <= kMaxFaceVertices);
     FaceRecord& record = faces[face];

@@ -24,6 +24,12 @@ void CopyVertex(VertexArray& vertices, int from, int to);
 // Turns a round cut into its oval twin: every x is multiplied by 0.8.
 void SquashOval(GemModel& model);
 
+// One octagonal ring of a step cut at height y: a rectangle of half width w (X) and half
+// length l (Z) with its corners cut at 45 degrees, c back along each side. Slots first ..
+// first+7 run clockwise seen from above from the +X end of the +X +Z corner facet, so the
+// odd slots open the sides and ends.
+void StepRing(VertexArray& vertices, int first, double w, double l, double c, double y);
+
 // Writes one face with the indices in the order given.
 void SetFace(FaceArray& faces, int face, std::initializer_list<int> indices);
 

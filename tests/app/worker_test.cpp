@@ -1,3 +1,5 @@
+#include "app/worker.h"
+
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -6,7 +8,6 @@
 #include <thread>
 #include <vector>
 
-#include "app/worker.h"
 #include "app/worker_client.h"
 
 namespace kirameki {
@@ -16,7 +17,7 @@ using namespace std::chrono_literals;
 
 // Records the worker's notifications; waits for them from the test thread.
 class RecordingSink : public WorkerSink {
-public:
+  public:
     void OpenTitleWindow() override { Add("title"); }
     void PreviewDrawn(const PreviewPicture&) override { Add("preview"); }
     void RenderStarted() override { Add("started"); }
@@ -46,7 +47,7 @@ public:
         return progress_;
     }
 
-private:
+  private:
     void Add(const std::string& event) {
         {
             std::lock_guard lock(mutex_);
@@ -61,7 +62,7 @@ private:
 };
 
 class ScriptedPrompter : public Prompter {
-public:
+  public:
     bool answer = false;
     int asked = 0;
     bool AskYesNo(const std::string&) override {
@@ -80,7 +81,8 @@ AppSettings SmallScene(int size) {
 }
 
 struct Protocol {
-    explicit Protocol(int size = 64) : scene(SmallScene(size)), worker(scene, sink, idle), client(worker, prompter, idle) {
+    explicit Protocol(int size = 64)
+        : scene(SmallScene(size)), worker(scene, sink, idle), client(worker, prompter, idle) {
         worker.Start();
     }
     ~Protocol() {
@@ -118,7 +120,10 @@ TEST(WorkerProtocol, ARenderRunsToTheEndAndALateAbortIsDropped) {
 
 TEST(WorkerProtocol, TheBusyRuleAsksAndOnlyYesAborts) {
     Protocol p(512);
-    p.scene.UpdateSettings([](AppSettings& s) { s.option4 = 1; s.recursionDepth = 20; });
+    p.scene.UpdateSettings([](AppSettings& s) {
+        s.option4 = 1;
+        s.recursionDepth = 20;
+    });
     ASSERT_TRUE(p.client.Render());
     // A second render while one runs is not carried out; "No" lets the first go on.
     p.prompter.answer = false;
