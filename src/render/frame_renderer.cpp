@@ -75,11 +75,17 @@ class RowRenderer {
 
 // Runs the rows on worker threads, released one at a time in order from the calling
 // thread, which polls for an abort before each row and reports the rows as they complete.
-// At most a few rows are under way at once, so an abort stops the render promptly.
+// At most eight rows a thread are under way, so an abort stops the render within a few
+// milliseconds; the calling thread tops the rows up when half of them are done, so that it
+// wakes once per few rows rather than once per row.
 class RowScheduler {
   public:
     RowScheduler(int rows, int threads, const RowRenderer& renderer)
-        : rows_(rows), done_(std::size_t(rows), 0), renderer_(renderer) {
+        : rows_(rows),
+          window_(8 * threads),
+          lowWater_(4 * threads),
+          done_(std::size_t(rows), 0),
+          renderer_(renderer) {
         for (int i = 0; i < threads; ++i)
             workers_.emplace_back([this] { Work(); });
     }
@@ -93,10 +99,11 @@ class RowScheduler {
             worker.join();
     }
 
-    // Waits until fewer than `window` released rows are unfinished, then releases one more.
-    void Release(int window) {
+    // Releases one more row; when the window is full, first waits until half of it is done.
+    void Release() {
         std::unique_lock lock(mutex_);
-        progressed_.wait(lock, [&] { return released_ - completed_ < window; });
+        if (released_ - completed_ >= window_)
+            progressed_.wait(lock, [&] { return released_ - completed_ <= lowWater_; });
         ++released_;
         wake_.notify_one();
     }
@@ -129,16 +136,21 @@ class RowScheduler {
                 row = taken_++;
             }
             renderer_.Render(row, memory);
+            bool wake;
             {
                 std::lock_guard lock(mutex_);
                 done_[row] = 1;
                 ++completed_;
+                wake = released_ - completed_ <= lowWater_;
             }
-            progressed_.notify_all();
+            if (wake)
+                progressed_.notify_all();
         }
     }
 
     const int rows_;
+    const int window_;
+    const int lowWater_;
     std::vector<char> done_;
     const RowRenderer& renderer_;
     std::mutex mutex_;
@@ -243,7 +255,7 @@ int RenderFrame(const RenderParameters& parameters, const GemModel& model, Vec3 
                 aborted = true;
                 break;
             }
-            scheduler.Release(2 * threads);
+            scheduler.Release();
         }
         scheduler.Drain();
         int completed, prefix;

@@ -128,6 +128,9 @@ void PrepareTracer(TraceScene& scene) {
         area.offset[i] = Dot(n, scene.viewVertices[face.Index[0]]);
     }
     area.faceCount = count;
+    area.reach2 = 0.0;
+    for (int i = 0; i < std::clamp(scene.vertexCount, 0, kMaxVertices); ++i)
+        area.reach2 = std::max(area.reach2, Dot(scene.viewVertices[i], scene.viewVertices[i]));
     area.search = SelectPlaneSearch();
     PrepareEdges(scene, count);
     scene.work->lighting = Lighting(scene.lightDirection, scene.lightVolumes, scene.backColour,
@@ -154,6 +157,10 @@ int Trace_TraceVector(Vec3 origin, Vec3 direction, double outerIndex, double sto
     if (area.faceCount == 0)
         return 0;
     const Vec3 d0 = Normalized(direction);
+    // A ray that passes the sphere around every corner cannot meet the stone.
+    const double along = Dot(origin, d0);
+    if (Dot(origin, origin) - along * along > area.reach2 * (1.0 + 1e-9) + 1e-12)
+        return 0;
 
     TracerPathMemory::Path* memory = scene.memory ? &scene.memory->For(stoneIndex) : nullptr;
     int entryFace = -1;

@@ -24,6 +24,7 @@ struct TracerFaceArea {
     alignas(64) std::array<float, kCapacity> fz{};
     alignas(64) std::array<float, kCapacity> foffset{};
     int faceCount = 0;
+    double reach2 = 0.0;  // the squared distance of the farthest corner from the origin
     int paddedCount = 0;  // a multiple of 16
     PlaneSearch search;
 };
