@@ -6,11 +6,13 @@
 #include "app/main_window.h"
 #include "app/output_flows.h"
 #include "app/qt_prompter.h"
+#include "app/termination_watcher.h"
 #include "app/title_window.h"
 #include "app/view_panel.h"
 #include "app/viewer_session.h"
 
 int main(int argc, char** argv) {
+    kirameki::TerminationWatcher termination;
     QApplication application(argc, argv);
     QApplication::setApplicationName("Kirameki");
     QTranslator qtTranslator, ourTranslator;
@@ -28,6 +30,9 @@ int main(int argc, char** argv) {
     QObject::connect(&session.Sink(), &kirameki::QtWorkerSink::titleWindowRequested, &window,
                      [&window] { (new kirameki::TitleWindow(&window))->show(); });
     session.Scene().SetPanel({window.Panel().width(), window.Panel().height()});
+    QObject::connect(&termination, &kirameki::TerminationWatcher::terminationRequested, &window,
+                     &kirameki::MainWindow::Terminate);
+    termination.Start();
     window.show();
     session.Start();
     session.Client().Post(kirameki::kRedrawPreview);

@@ -548,9 +548,16 @@ void MainWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
 }
 
+void MainWindow::Terminate() {
+    terminating_ = true;
+    close();
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
     ReadBackIndex();
-    if (!session_.Client().MayClose()) {
+    if (terminating_) {
+        session_.Client().AbortAndWait();
+    } else if (!session_.Client().MayClose()) {
         event->ignore();
         return;
     }

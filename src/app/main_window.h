@@ -45,6 +45,10 @@ class MainWindow : public QMainWindow {
     QAction& ShowTitleAction() { return *showTitle_; }
     QAction& TopMostAction() { return *topMost_; }
 
+    // Closes without questions (the program was told to stop): a render is aborted, the
+    // settings are written.
+    void Terminate();
+
     // The render command: checks the refractive index, then posts the render.
     void RequestRender();
     // The refractive index check before a render or capture (with its message).
@@ -91,7 +95,7 @@ class MainWindow : public QMainWindow {
     QAction* topMost_ = nullptr;
     std::array<QAction*, 8> polygonColourActions_{};
     int progress_ = 0;
-    bool closing_ = false;
+    bool terminating_ = false;
 };
 
 }  // namespace kirameki

@@ -55,6 +55,13 @@ void WorkerClient::ResetOrientation() {
     worker_.Post(kResetOrientation, 0);
 }
 
+void WorkerClient::AbortAndWait() {
+    if (!Rendering())
+        return;
+    worker_.Post(kAbortJob, 0);
+    idle_.Wait(std::chrono::milliseconds(5000));
+}
+
 bool WorkerClient::MayClose() {
     if (!Rendering())
         return true;

@@ -60,6 +60,8 @@ class WorkerClient {
     // Closing the program: false keeps it open. On Yes the render is aborted and the close
     // waits up to 5000 ms for the worker.
     bool MayClose();
+    // The program must stop: a render under way is aborted and waited for (5000 ms at most).
+    void AbortAndWait();
 
   private:
     Worker& worker_;
