@@ -7,14 +7,6 @@ namespace kirameki {
 
 namespace {
 
-constexpr double kDegree = 3.14159265358979323846 / 180.0;
-
-// A point at the given distance from the Y axis and angle about it, measured from +Z
-// toward -X (the direction the round brilliant numbers its vertices in).
-Vec3 AtAngle(double radius, double degrees, double y) {
-    return {-radius * std::sin(degrees * kDegree), y, radius * std::cos(degrees * kDegree)};
-}
-
 // Distance from the axis of the girdle outline |x|^n + |z|^n = const, scaled so that the
 // corners (45 degrees) lie on the unit circle and the sides come in to 2^(1/n - 1/2).
 double OutlineRadius(double degrees, double n) {

@@ -5,18 +5,6 @@
 
 namespace kirameki {
 
-namespace {
-
-constexpr double kDegree = 3.14159265358979323846 / 180.0;
-
-// A point at the given distance from the Y axis and angle about it, measured from +Z
-// toward -X (the direction the round brilliant numbers its vertices in).
-Vec3 AtAngle(double radius, double degrees, double y) {
-    return {-radius * std::sin(degrees * kDegree), y, radius * std::cos(degrees * kDegree)};
-}
-
-}  // namespace
-
 // A tenfold brilliant (10-sided table): 10 stars, 10 bezels and 20 upper girdle facets on
 // the crown; below the 20-point girdle 20 lower girdle facets, 10 pavilion mains that stop
 // short of the culet, and 10 culet facets between them, kites turned half a sector.

@@ -5,18 +5,6 @@
 
 namespace kirameki {
 
-namespace {
-
-constexpr double kDegree = 3.14159265358979323846 / 180.0;
-
-// A point at the given distance from the Y axis and angle about it, measured from +Z
-// toward -X (the direction the round brilliant numbers its vertices in).
-Vec3 AtAngle(double radius, double degrees, double y) {
-    return {-radius * std::sin(degrees * kDegree), y, radius * std::cos(degrees * kDegree)};
-}
-
-}  // namespace
-
 // The briolette: a faceted drop with no table, its point at +Y and its widest ring (radius
 // 1.0) at y = 0. Eightfold: from the point 8 long kites, then two rows of triangles meeting
 // in a zigzag at the widest ring, then 8 kites rounding in below to a small bottom facet.

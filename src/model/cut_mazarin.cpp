@@ -5,17 +5,6 @@
 
 namespace kirameki {
 
-namespace {
-
-// A point at the given distance from the Y axis and angle about it, measured from +Z
-// toward -X (the direction the round brilliant numbers its vertices in).
-Vec3 AtAngle(double radius, double degrees, double y) {
-    const double a = degrees * (std::acos(-1.0) / 180.0);
-    return {-radius * std::sin(a), y, radius * std::cos(a)};
-}
-
-}  // namespace
-
 // The mazarin, an old cushion-shaped double-cut brilliant. The girdle is a square with cut
 // corners (long sides facing the axes). The crown has a table, 8 triangles standing on the
 // table's edges and 8 standing on the girdle's sides: 17 facets. The pavilion has 16: on each

@@ -1,6 +1,7 @@
 #include "model/generator_tools.h"
 
 #include <cassert>
+#include <cmath>
 
 namespace kirameki {
 
@@ -33,6 +34,10 @@ void CopyVertex(VertexArray& vertices, int from, int to) {
 void SquashOval(GemModel& model) {
     for (int i = 0; i < model.VertexCount; ++i)
         model.ModelVertices[i].x *= 0.8;
+}
+
+Vec3 AtAngle(double radius, double degrees, double y) {
+    return {-radius * std::sin(degrees * kDegree), y, radius * std::cos(degrees * kDegree)};
 }
 
 void StepRing(VertexArray& v, int first, double w, double l, double c, double y) {

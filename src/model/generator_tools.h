@@ -24,6 +24,12 @@ void CopyVertex(VertexArray& vertices, int from, int to);
 // Turns a round cut into its oval twin: every x is multiplied by 0.8.
 void SquashOval(GemModel& model);
 
+inline constexpr double kDegree = 3.14159265358979323846 / 180.0;
+
+// A point at the given distance from the Y axis and angle (degrees) about it, measured from
+// +Z toward -X (the direction the round brilliant numbers its vertices in), at height y.
+Vec3 AtAngle(double radius, double degrees, double y);
+
 // One octagonal ring of a step cut at height y: a rectangle of half width w (X) and half
 // length l (Z) with its corners cut at 45 degrees, c back along each side. Slots first ..
 // first+7 run clockwise seen from above from the +X end of the +X +Z corner facet, so the
