@@ -9,6 +9,7 @@
 
 #include "model/stone_tables.h"
 #include "output/atomic_file.h"
+#include "output/binary_fields.h"
 
 namespace kirameki {
 
@@ -93,13 +94,8 @@ void LoadDefaults(AppSettings& s, const DefaultFolders& folders) {
 }
 
 void ReadSettingsBytes(const std::uint8_t* bytes, std::size_t size, AppSettings& settings) {
-    std::size_t offset = 0;
-    ForEachField(settings, [&](void* field, std::size_t width) {
-        const std::size_t available = offset < size ? std::min(width, size - offset) : 0;
-        if (available > 0)
-            std::memcpy(field, bytes + offset, available);
-        offset += width;
-    });
+    FieldReader reader(bytes, size);
+    ForEachField(settings, [&](void* field, std::size_t width) { reader(field, width); });
 }
 
 void LoadSettings(const std::string& path, AppSettings& settings, const DefaultFolders& folders) {
@@ -115,11 +111,10 @@ void LoadSettings(const std::string& path, AppSettings& settings, const DefaultF
 
 std::array<std::uint8_t, kSettingsFileSize> SettingsBytes(const AppSettings& settings) {
     std::array<std::uint8_t, kSettingsFileSize> bytes{};
-    std::size_t offset = 0;
-    ForEachField(settings, [&](const void* field, std::size_t width) {
-        std::memcpy(bytes.data() + offset, field, width);
-        offset += width;
-    });
+    std::vector<std::uint8_t> written;
+    FieldWriter writer(written);
+    ForEachField(settings, [&](const void* field, std::size_t width) { writer(field, width); });
+    std::copy(written.begin(), written.end(), bytes.begin());
     return bytes;
 }
 

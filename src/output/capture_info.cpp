@@ -10,6 +10,7 @@
 #include "model/stone_choice.h"
 #include "model/stone_tables.h"
 #include "output/atomic_file.h"
+#include "output/binary_fields.h"
 
 namespace kirameki {
 
@@ -90,23 +91,16 @@ bool IsRotation(const OrientationFrame& f) {
 std::vector<std::uint8_t> CaptureInfoBytes(const SceneState& scene) {
     std::vector<std::uint8_t> bytes;
     bytes.reserve(kCaptureInfoBaseSize + 16);
-    ForEachField(scene, false, [&](const void* field, std::size_t width) {
-        const auto* begin = static_cast<const std::uint8_t*>(field);
-        bytes.insert(bytes.end(), begin, begin + width);
-    });
+    FieldWriter writer(bytes);
+    ForEachField(scene, false, [&](const void* field, std::size_t width) { writer(field, width); });
     return bytes;
 }
 
 std::string ReadCaptureInfoBytes(const std::uint8_t* bytes, std::size_t size, SceneState& scene,
                                  bool headerOnly) {
     const ViewState before = scene.view;
-    std::size_t offset = 0;
-    ForEachField(scene, headerOnly, [&](void* field, std::size_t width) {
-        const std::size_t available = offset < size ? std::min(width, size - offset) : 0;
-        if (available > 0)
-            std::memcpy(field, bytes + offset, available);
-        offset += width;
-    });
+    FieldReader reader(bytes, size);
+    ForEachField(scene, headerOnly, [&](void* field, std::size_t width) { reader(field, width); });
     if (headerOnly)
         return {};
     std::string refused;
