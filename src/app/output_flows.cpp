@@ -10,6 +10,7 @@
 #include "model/stone_choice.h"
 #include "model/stone_tables.h"
 #include "output/capture_info.h"
+#include "output/gif_compiler.h"
 #include "output/messages.h"
 #include "output/picture_writers.h"
 #include "output/render_settings.h"
@@ -262,7 +263,13 @@ void OutputFlows::NewCapture() {
     WriteRecord(path.toStdString());
     capture_.framesCaptured = RunCaptureWindow(0, false);
     WriteRecord(captureBlock_.fullPath + captureBlock_.extension);
-    if (capture_.framesCaptured != session_.Settings().captureFrames)
+    TellCaptureEnd(session_.Settings().captureFrames);
+}
+
+void OutputFlows::TellCaptureEnd(int frameCount) {
+    if (const std::string error = session_.Scene().CaptureError(); !error.empty())
+        Tell(Formatted(messages::kFrameNotSaved, error), true);
+    else if (capture_.framesCaptured != frameCount)
         Tell(messages::kCapturingAborted);
     else
         Tell(Formatted(messages::kAllFramesCaptured, captureBlock_.name));
@@ -297,10 +304,7 @@ void OutputFlows::ResumeCapture() {
         capture_.framesCaptured = RunCaptureWindow(0, true);
     }
     WriteRecord(captureBlock_.fullPath + captureBlock_.extension);
-    if (capture_.framesCaptured != n)
-        Tell(messages::kCapturingAborted);
-    else
-        Tell(Formatted(messages::kAllFramesCaptured, captureBlock_.name));
+    TellCaptureEnd(n);
 }
 
 void OutputFlows::MakeAnimatedGif() {
@@ -330,8 +334,10 @@ void OutputFlows::MakeAnimatedGif() {
     if (output.isEmpty())
         return;
     gifBlock_.fullPath = output.toStdString();
-    session_.Scene().SetGifJob({captureBlock_.fullPath, n, session_.Settings().gifOption1,
-                                session_.Settings().gifOption2 == 1 ? 1 : 0, gifBlock_.fullPath});
+    session_.Scene().SetGifJob(
+        {captureBlock_.fullPath, n, session_.Settings().gifOption1,
+         session_.Settings().gifOption2 == 1 ? 1 : 0, gifBlock_.fullPath,
+         RecordedFrameSize(captureBlock_.fullPath + captureBlock_.extension)});
     ProgressWindow window(Tr("Compiling Animated-GIF"), false, owner_);
     QtWorkerSink& sink = session_.Sink();
     connect(&sink, &QtWorkerSink::gifProgress, &window, &ProgressWindow::Progress);

@@ -64,6 +64,8 @@ class OutputFlows : public QObject {
     // Runs the capture progress window with the frames from firstFrame; answers the
     // frames on disk afterwards.
     int RunCaptureWindow(int firstFrame, bool existenceCheck);
+    // Says how the run ended: a frame not written, an abort, or every frame captured.
+    void TellCaptureEnd(int frameCount);
     // Takes a record's scene into the viewer, refusing values no table holds.
     void AdoptScene(const AppSettings& read, const ViewState& view);
     void WriteRecord(const std::string& path);

@@ -74,6 +74,16 @@ void SharedScene::SetCapturedFrames(int frames) {
     capturedFrames_ = frames;
 }
 
+std::string SharedScene::CaptureError() const {
+    std::lock_guard lock(mutex_);
+    return captureError_;
+}
+
+void SharedScene::SetCaptureError(const std::string& error) {
+    std::lock_guard lock(mutex_);
+    captureError_ = error;
+}
+
 void SharedScene::SetGifJob(const GifJob& job) {
     std::lock_guard lock(mutex_);
     gif_ = job;

@@ -7,6 +7,7 @@
 
 #include "output/app_settings.h"
 #include "output/capture_loop.h"
+#include "output/gif_files.h"
 #include "render/frame_image.h"
 #include "render/view_state.h"
 
@@ -26,6 +27,7 @@ struct GifJob {
     int delay = 4;
     int direction = 0;
     std::string output;
+    FrameSize frameSize;  // what every frame must measure (zero: as the first)
 };
 
 // Everything the window thread and the worker share, behind one lock: each side takes a
@@ -59,6 +61,9 @@ class SharedScene {
     // Frames on disk after the last run (written by the worker before it reports the end).
     int CapturedFrames() const;
     void SetCapturedFrames(int frames);
+    // Why the last run stopped before its end when a frame could not be written; else empty.
+    std::string CaptureError() const;
+    void SetCaptureError(const std::string& error);
 
     void SetGifJob(const GifJob& job);
     GifJob Gif() const;
@@ -74,6 +79,7 @@ class SharedScene {
     FrameImage lastFrame_;
     CaptureRun captureRun_;
     int capturedFrames_ = 0;
+    std::string captureError_;
     GifJob gif_;
     std::string gifMessage_;
 };

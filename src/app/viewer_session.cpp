@@ -1,6 +1,9 @@
 #include "app/viewer_session.h"
 
+#include <cstdio>
 #include <filesystem>
+
+#include "model/model_parameters.h"
 
 namespace kirameki {
 
@@ -20,6 +23,11 @@ namespace {
 AppSettings LoadedSettings(const ProgramPaths& paths) {
     AppSettings settings;
     LoadSettings(paths.settingsFile, settings, {paths.screenShotsFolder, paths.capturesFolder});
+    // Parameters that cannot be built (a damaged file) fall back to their defaults rather
+    // than keep the viewer from starting.
+    if (RepairModelParameters(settings.modelParameters))
+        std::fprintf(stderr, "kirameki: damaged solid parameters in %s were reset\n",
+                     paths.settingsFile.c_str());
     return settings;
 }
 

@@ -42,7 +42,6 @@ class CaptureForwarder : public CaptureObserver {
         sink_.CaptureProgress(index, frameCount);
     }
     void Turned(const GemModel&, const ViewState&) override { redraw_(); }
-    void FrameNotSaved(const std::string&, const std::string&) override {}
 
   private:
     WorkerSink& sink_;
@@ -272,27 +271,30 @@ void Worker::CaptureFrames(int existenceCheck) {
     BuildModel(settings_.model, settings_.modelParameters, *model_);
     CaptureForwarder observer(sink_, [this] { Redraw(); });
     RenderForwarder forward(sink_);
-    int captured = run.firstFrame;
-    if (SceneProblem(settings_).empty()) {
+    CaptureOutcome outcome{CaptureOutcome::End::kFailed, run.firstFrame, SceneProblem(settings_)};
+    if (outcome.error.empty()) {
         run.parameters = RenderParametersFor(settings_);
         run.geometry = {settings_.imageSize, ScaleForSize(settings_.imageSize)};
-        captured = RunCapture(
+        outcome = RunCapture(
             run, *model_, view_, *work_, image_, forward, [this] { return AbortRequested(); },
             observer);
         scene_.PublishFrame(image_);
     }
-    scene_.SetCapturedFrames(captured);
+    scene_.SetCapturedFrames(outcome.framesDone);
+    scene_.SetCaptureError(outcome.error);
     scene_.PublishView(view_);
-    sink_.CaptureFinished(captured == run.frameCount ? 1 : 2);
+    sink_.CaptureFinished(outcome.end == CaptureOutcome::End::kCompleted ? 1 : 2);
     sink_.RenderFinished();
 }
 
 void Worker::CompileAnimatedGif() {
     const GifJob job = scene_.Gif();
     std::string message;
-    const bool ok = kirameki::CompileAnimatedGif(
-        job.stem, job.frameCount, job.delay, job.direction, job.output,
-        [this](int frame, int count) { sink_.GifProgress(frame, count); }, message);
+    const bool ok =
+        GifCompiled::kSaved ==
+        kirameki::CompileAnimatedGif(
+            job.stem, job.frameCount, job.frameSize, job.delay, job.direction, job.output,
+            [this](int frame, int count) { sink_.GifProgress(frame, count); }, message);
     scene_.SetGifMessage(message);
     sink_.GifFinished(ok ? 1 : 2);
 }

@@ -12,6 +12,7 @@
 #include "output/gif_compiler.h"
 #include "output/messages.h"
 #include "output/path_block.h"
+#include "output/record_lock.h"
 #include "output/render_settings.h"
 
 namespace kirameki::cli {
@@ -30,9 +31,6 @@ class ProgressObserver : public CaptureObserver {
   public:
     void FrameStarted(int index, int frameCount) override { bar_.Show(index, frameCount); }
     void Turned(const GemModel&, const ViewState&) override {}
-    void FrameNotSaved(const std::string& path, const std::string& error) override {
-        std::cerr << "\nkirameki-cli: frame not saved: " << path << ": " << error << "\n";
-    }
 
   private:
     TerminalProgress bar_{"capturing"};
@@ -45,7 +43,8 @@ int RunCapture(Arguments& args) {
     SceneArguments scene;
     std::string sqi;
     int frames = 0;
-    bool resume = false, checkExistence = false, sceneFlags = false;
+    bool resume = false, checkExistence = false, sceneFlags = false, settingsFile = false,
+         depthGiven = false;
     while (!args.Done()) {
         const std::string_view flag = args.Flag();
         if (flag == "--sqi") {
@@ -57,7 +56,11 @@ int RunCapture(Arguments& args) {
         } else if (flag == "--check-existence") {
             checkExistence = true;
         } else if (scene.Take(flag, args)) {
-            sceneFlags = sceneFlags || flag != "--threads";
+            // What the record does not hold (the depth) may come with a resume too.
+            const bool outsideRecord = flag == "--threads" || flag == "--depth";
+            settingsFile = settingsFile || flag == "--settings";
+            depthGiven = depthGiven || flag == "--depth";
+            sceneFlags = sceneFlags || !(outsideRecord || flag == "--settings");
         } else {
             throw UsageError("capture: unknown option " + std::string(flag));
         }
@@ -67,14 +70,30 @@ int RunCapture(Arguments& args) {
             "usage: kirameki-cli capture --sqi FILE.sqi [--frames N] [scene flags] | "
             "--sqi FILE.sqi --resume [--check-existence]");
     if (resume && (sceneFlags || frames))
-        throw UsageError("a resumed capture takes its whole scene from the capture file");
+        throw UsageError(
+            "a resumed capture takes its scene from the capture file (only --settings, --depth "
+            "and --threads go with --resume)");
     if (!resume && checkExistence)
         throw UsageError("--check-existence goes with --resume");
 
     PathBlock block;
     ChoosePath(sqi, block);
+    RecordLock lock;
+    std::string error;
+    if (!lock.Acquire(sqi, error)) {
+        std::cerr << "kirameki-cli: " << error << "\n";
+        return 1;
+    }
     bool complete = false;
     if (resume) {
+        // As the viewer does: what the record does not hold comes from the settings file
+        // given, else from the program's own, unless --depth said otherwise.
+        if (!settingsFile) {
+            const int depth = scene.settings.recursionDepth;
+            scene.settings = ProgramSettings(scene.settings);
+            if (depthGiven)
+                scene.settings.recursionDepth = depth;
+        }
         scene.ReadRecord(sqi, false);
         complete = scene.settings.captureFrames == scene.capture.framesCaptured;
         if (checkExistence) {
@@ -91,7 +110,6 @@ int RunCapture(Arguments& args) {
     if (scene.capture.framesCaptured < 0 || scene.capture.framesCaptured > s.captureFrames)
         throw UsageError("the capture file says " + std::to_string(scene.capture.framesCaptured) +
                          " of " + std::to_string(s.captureFrames) + " frames are done");
-    std::string error;
     if (!resume && !WriteCaptureInfo(sqi, scene.Scene(), error)) {
         std::cerr << "kirameki-cli: " << messages::kFailedToOpenFile << " " << error << "\n";
         return 1;
@@ -115,21 +133,33 @@ int RunCapture(Arguments& args) {
 
     FrameImage image;
     QuietSink sink;
-    int captured = 0;
+    CaptureOutcome outcome;
     {
         ProgressObserver observer;
-        captured = kirameki::RunCapture(
+        outcome = kirameki::RunCapture(
             run, *model, scene.view, *work, image, sink, [&] { return signals.Interrupted(); },
             observer);
     }
+    // The record keeps the run's start orientation and the frames on disk, whatever the end.
     scene.view = run.start;
-    scene.capture.framesCaptured = captured;
-    if (!WriteCaptureInfo(block.fullPath + block.extension, scene.Scene(), error))
+    scene.capture.framesCaptured = outcome.framesDone;
+    const bool recordWritten =
+        WriteCaptureInfo(block.fullPath + block.extension, scene.Scene(), error);
+    if (!recordWritten)
         std::cerr << "kirameki-cli: " << messages::kFailedToOpenFile << " " << error << "\n";
-    if (captured != s.captureFrames) {
-        std::cerr << messages::kCapturingAborted << "\n";
-        return 3;
+    switch (outcome.end) {
+        case CaptureOutcome::End::kFailed:
+            std::cerr << "kirameki-cli: capturing stopped at frame " << outcome.framesDone << ": "
+                      << outcome.error << "\n";
+            return 1;
+        case CaptureOutcome::End::kAborted:
+            std::cerr << messages::kCapturingAborted << "\n";
+            return 3;
+        case CaptureOutcome::End::kCompleted:
+            break;
     }
+    if (!recordWritten)
+        return 1;
     std::cout << messages::Format(messages::kAllFramesCaptured, block.name) << "\n";
     return 0;
 }
@@ -169,16 +199,16 @@ int RunGif(Arguments& args) {
     PathBlock block;
     ChoosePath(sqi, block);
     std::string message;
-    bool ok = false;
+    GifCompiled compiled = GifCompiled::kWriteFailed;
     {
         TerminalProgress bar("compiling");
-        ok = CompileAnimatedGif(
-            block.fullPath, n, delay, direction, out, [&](int i, int total) { bar.Show(i, total); },
-            message);
+        compiled = CompileAnimatedGif(
+            block.fullPath, n, RecordedFrameSize(sqi), delay, direction, out,
+            [&](int i, int total) { bar.Show(i, total); }, message);
     }
-    if (!ok) {
+    if (compiled != GifCompiled::kSaved) {
         std::cerr << message << "\n";
-        return 2;
+        return compiled == GifCompiled::kFrameProblem ? 2 : 1;
     }
     std::cout << message << "\n";
     return 0;

@@ -88,6 +88,8 @@ int RunModel(Arguments& args) {
                          std::to_string(cut));
     if (json == !objPath.empty())
         throw UsageError("model needs exactly one of --json and --obj");
+    if (const std::string problem = ModelParametersProblem(cut, parameters); !problem.empty())
+        throw UsageError(problem);
     auto model = std::make_unique<GemModel>();
     BuildModel(cut, parameters, *model);
     if (json) {

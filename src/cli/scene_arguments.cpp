@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <stdexcept>
 
+#include "app/program_paths.h"
 #include "model/model_builder.h"
 #include "model/stone_choice.h"
 #include "model/stone_tables.h"
@@ -14,11 +16,19 @@ namespace kirameki::cli {
 
 AppSettings LoadSettingsArgument(const std::string& path) {
     std::error_code error;
-    if (!std::filesystem::is_regular_file(path, error))
+    if (!std::filesystem::exists(path, error))
         throw UsageError("settings file " + path + " does not exist");
     AppSettings settings;
-    LoadSettings(path, settings, {});
+    // A file that is there but cannot be read is never taken for a short one.
+    if (const SettingsLoad load = LoadSettings(path, settings, {}); !load.error.empty())
+        throw std::runtime_error(load.error);
     return settings;
+}
+
+AppSettings ProgramSettings(const AppSettings& fallback) {
+    const std::string path = CurrentProgramPaths().settingsFile;
+    std::error_code error;
+    return std::filesystem::exists(path, error) ? LoadSettingsArgument(path) : fallback;
 }
 
 SceneArguments::SceneArguments() {

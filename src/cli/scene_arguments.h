@@ -17,6 +17,10 @@ namespace kirameki::cli {
 // (the viewer would fall back to the defaults, but here it is most likely a typing error).
 AppSettings LoadSettingsArgument(const std::string& path);
 
+// The viewer's own settings file when there is one (what a resume takes beside its record),
+// else the settings given.
+AppSettings ProgramSettings(const AppSettings& fallback);
+
 // The scene a headless command renders: it starts from the settings file given (or the
 // defaults) in the orientation the viewer first shows, and the scene flags override it in
 // the order given.

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 
 namespace kirameki {
 
@@ -27,5 +28,14 @@ enum ModelParameter : int {
     kHedron14Ratio = 10,
     kHedron26StoredRatio = 11,
 };
+
+// Why the parameters of the solid at this entry of the cut list cannot be built into the
+// fixed model storage as a closed solid inside the unit sphere (a value from a damaged file);
+// empty when they can, and for every entry that takes no parameters.
+std::string ModelParametersProblem(int modelIndex, const ModelParameters& parameters);
+
+// Puts back the defaults of every transformable solid whose parameters cannot be built;
+// true when anything changed.
+bool RepairModelParameters(ModelParameters& parameters);
 
 }  // namespace kirameki

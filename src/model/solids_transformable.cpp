@@ -23,8 +23,10 @@ void PrismShape(int heightRatio, double& radius, double& halfHeight) {
 void GenerateEllipsoid(GemModel& model, int surfaces, int rows, double diameterRatio,
                        double compression) {
     // The dialog keeps these in range; a damaged settings file must still not overrun the
-    // fixed storage, so such a request leaves the previous model as it was.
-    const long vertexCount = long(surfaces) * (rows + 1);
+    // fixed storage, so such a request leaves the previous model as it was. The product is
+    // formed in 64 bits: rows + 1 of a 32-bit row count near its limit would wrap.
+    const long long vertexCount =
+        static_cast<long long>(surfaces) * (static_cast<long long>(rows) + 1);
     if (surfaces < 3 || rows < 2 || vertexCount > kMaxVertices)
         return;
     SetCounts(model, surfaces * (rows + 1), surfaces * rows);

@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
-#include <fstream>
 #include <iterator>
 #include <vector>
 
 #include "model/stone_tables.h"
 #include "output/atomic_file.h"
 #include "output/binary_fields.h"
+#include "output/file_reading.h"
 
 namespace kirameki {
 
@@ -98,15 +98,19 @@ void ReadSettingsBytes(const std::uint8_t* bytes, std::size_t size, AppSettings&
     ForEachField(settings, [&](void* field, std::size_t width) { reader(field, width); });
 }
 
-void LoadSettings(const std::string& path, AppSettings& settings, const DefaultFolders& folders) {
-    std::ifstream file(path, std::ios::binary);
-    if (!file) {
+SettingsLoad LoadSettings(const std::string& path, AppSettings& settings,
+                          const DefaultFolders& folders) {
+    const FileBytes file = ReadRegularFile(path, kSettingsFileSize);
+    SettingsLoad load;
+    if (file.outcome != FileBytes::Outcome::kRead) {
         LoadDefaults(settings, folders);
-        return;
+        if (file.outcome == FileBytes::Outcome::kFailed)
+            load.error = "Cannot read " + path + ": " + file.error;
+        return load;
     }
-    std::vector<std::uint8_t> bytes(kSettingsFileSize);
-    file.read(reinterpret_cast<char*>(bytes.data()), kSettingsFileSize);
-    ReadSettingsBytes(bytes.data(), std::size_t(file.gcount()), settings);
+    ReadSettingsBytes(file.bytes.data(), file.bytes.size(), settings);
+    load.fromFile = true;
+    return load;
 }
 
 std::array<std::uint8_t, kSettingsFileSize> SettingsBytes(const AppSettings& settings) {
@@ -135,11 +139,9 @@ std::string PathText(const PathBuffer& buffer) {
 
 void SetPath(PathBuffer& buffer, const std::string& text) {
     buffer.fill('\0');
-    // Keep a terminating zero and never cut a UTF-8 character in two.
-    std::size_t length = std::min(text.size(), buffer.size() - 1);
-    while (length > 0 && length < text.size() && (text[length] & 0xC0) == 0x80)
-        --length;
-    std::copy_n(text.begin(), length, buffer.begin());
+    // The buffer keeps a terminating zero.
+    if (text.size() < buffer.size())
+        std::copy(text.begin(), text.end(), buffer.begin());
 }
 
 }  // namespace kirameki

@@ -60,10 +60,17 @@ struct DefaultFolders {
 
 void LoadDefaults(AppSettings& settings, const DefaultFolders& folders);
 
-// Reads the file field by field. A missing or unreadable file gives the defaults. A short
-// file fills only what it holds: later fields keep their values (zero in a fresh record), a
-// field cut by the end keeps the bytes that were there.
-void LoadSettings(const std::string& path, AppSettings& settings, const DefaultFolders& folders);
+// Reads the file field by field. A short file fills only what it holds: later fields keep
+// their values (zero in a fresh record), a field cut by the end keeps the bytes that were
+// there. A missing file gives the defaults. So does a file that exists but cannot be read
+// (no permission, not a regular file), and then error says why: such a file must not be
+// written over, or the user's settings would be lost.
+struct SettingsLoad {
+    bool fromFile = false;
+    std::string error;  // empty unless the file exists and could not be read
+};
+SettingsLoad LoadSettings(const std::string& path, AppSettings& settings,
+                          const DefaultFolders& folders);
 
 // Parses the file's bytes into the record; fields past the end are left alone.
 void ReadSettingsBytes(const std::uint8_t* bytes, std::size_t size, AppSettings& settings);
@@ -74,7 +81,9 @@ std::array<std::uint8_t, kSettingsFileSize> SettingsBytes(const AppSettings& set
 // Writes through a temporary file renamed over the old one; false and error when it fails.
 bool SaveSettings(const std::string& path, const AppSettings& settings, std::string& error);
 
-// A folder path buffer as a string (up to its first zero byte) and back (cut to fit).
+// A folder path buffer as a string (up to its first zero byte) and back. A path that does not
+// fit is stored empty, meaning the default folder: a cut path names a folder that does not
+// exist.
 std::string PathText(const PathBuffer& buffer);
 void SetPath(PathBuffer& buffer, const std::string& text);
 

@@ -1,46 +1,212 @@
 #include "output/atomic_file.h"
 
+#include <dirent.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdint>
+#include <cstdlib>
 #include <cstring>
-#include <vector>
+#include <memory>
+#include <random>
 
 namespace kirameki {
 
+namespace {
+
+struct Target {
+    std::string folder;  // with its trailing '/', or "./"
+    std::string name;
+};
+
+Target SplitTarget(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    if (slash == std::string::npos)
+        return {"./", path};
+    return {path.substr(0, slash + 1), path.substr(slash + 1)};
+}
+
+// Temporary names are short and fixed in length whatever the target's name, so that any name
+// the file system accepts can be written: a dot, a key of the target's name, ".tmp-" and six
+// random characters.
+std::string TemporaryPrefix(const std::string& name) {
+    std::uint64_t hash = 14695981039346656037ull;  // FNV-1a
+    for (const unsigned char c : name) {
+        hash ^= c;
+        hash *= 1099511628211ull;
+    }
+    static const char kHex[] = "0123456789abcdef";
+    std::string prefix = ".";
+    for (int shift = 60; shift >= 0; shift -= 4)
+        prefix += kHex[(hash >> shift) & 15];
+    return prefix + ".tmp-";
+}
+constexpr std::size_t kRandomLength = 6;
+
+std::string RandomSuffix() {
+    static const char kChars[] = "abcdefghijklmnopqrstuvwxyz0123456789";
+    std::random_device device;
+    std::string suffix;
+    for (std::size_t i = 0; i < kRandomLength; ++i)
+        suffix += kChars[device() % (sizeof kChars - 1)];
+    return suffix;
+}
+
+// A writer holds an exclusive lock on its temporary file from creation to rename, so a
+// temporary of this target that can be locked belongs to a writer that died (killed, or the
+// machine went down) and is removed.
+void RemoveStaleTemporaries(const Target& target) {
+    const std::string prefix = TemporaryPrefix(target.name);
+    std::unique_ptr<DIR, int (*)(DIR*)> folder(opendir(target.folder.c_str()), &closedir);
+    if (!folder)
+        return;
+    while (const dirent* entry = readdir(folder.get())) {
+        const std::string name = entry->d_name;
+        if (name.size() != prefix.size() + kRandomLength || name.compare(0, prefix.size(), prefix))
+            continue;
+        const std::string path = target.folder + name;
+        const int fd = open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+        if (fd < 0)
+            continue;
+        if (flock(fd, LOCK_EX | LOCK_NB) == 0)
+            unlink(path.c_str());
+        close(fd);
+    }
+}
+
+bool WriteAll(int fd, const char* data, std::size_t size) {
+    while (size > 0) {
+        const ssize_t n = write(fd, data, size);
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n <= 0) {
+            if (n == 0)
+                errno = EIO;
+            return false;
+        }
+        data += n;
+        size -= std::size_t(n);
+    }
+    return true;
+}
+
+// The bytes the writer produces, gathered in memory so that every write to the disk is one
+// plain write(2) whose failure is seen.
+bool Produce(const std::function<bool(std::FILE*)>& writer, std::string& bytes) {
+    char* buffer = nullptr;
+    std::size_t size = 0;
+    std::FILE* stream = open_memstream(&buffer, &size);
+    if (stream == nullptr)
+        return false;
+    const bool ok = writer(stream);
+    const bool closed = std::fclose(stream) == 0;
+    std::unique_ptr<char, void (*)(void*)> owned(buffer, &std::free);
+    if (!ok || !closed)
+        return false;
+    bytes.assign(buffer, size);
+    return true;
+}
+
+class AtomicWrite {
+  public:
+    explicit AtomicWrite(const std::string& path) : path_(path), target_(SplitTarget(path)) {}
+    ~AtomicWrite() {
+        if (!linkedName_.empty())
+            unlink(linkedName_.c_str());
+        if (fd_ >= 0)
+            close(fd_);
+    }
+
+    bool Run(const std::string& bytes) {
+        RemoveStaleTemporaries(target_);
+        if (!Open())
+            return false;
+        if (!WriteAll(fd_, bytes.data(), bytes.size()) || fsync(fd_) != 0)
+            return false;
+        if (!Publish())
+            return false;
+        // The rename itself reaches the disk with the folder.
+        const int folder = open(target_.folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        if (folder >= 0) {
+            fsync(folder);
+            close(folder);
+        }
+        return true;
+    }
+
+  private:
+    bool Open() {
+        // An unnamed file first: a kill leaves nothing behind.
+        fd_ = open(target_.folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0644);
+        if (fd_ >= 0) {
+            unnamed_ = true;
+            return flock(fd_, LOCK_EX) == 0;
+        }
+        if (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL && errno != ENOENT)
+            return false;
+        // A file system without unnamed files: a named temporary, locked at once.
+        for (int attempt = 0; attempt < 100; ++attempt) {
+            const std::string name =
+                target_.folder + TemporaryPrefix(target_.name) + RandomSuffix();
+            fd_ = open(name.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0644);
+            if (fd_ >= 0) {
+                linkedName_ = name;
+                return flock(fd_, LOCK_EX) == 0;
+            }
+            if (errno != EEXIST)
+                return false;
+        }
+        return false;
+    }
+
+    bool Publish() {
+        if (unnamed_) {
+            const std::string self = "/proc/self/fd/" + std::to_string(fd_);
+            // A new file appears whole under its name at once.
+            if (linkat(AT_FDCWD, self.c_str(), AT_FDCWD, path_.c_str(), AT_SYMLINK_FOLLOW) == 0)
+                return true;
+            if (errno != EEXIST)
+                return false;
+            // linkat cannot replace a file: link under a temporary name and rename that.
+            for (int attempt = 0; attempt < 100 && linkedName_.empty(); ++attempt) {
+                const std::string name =
+                    target_.folder + TemporaryPrefix(target_.name) + RandomSuffix();
+                if (linkat(AT_FDCWD, self.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0)
+                    linkedName_ = name;
+                else if (errno != EEXIST)
+                    return false;
+            }
+            if (linkedName_.empty())
+                return false;
+        }
+        if (std::rename(linkedName_.c_str(), path_.c_str()) != 0)
+            return false;
+        linkedName_.clear();
+        return true;
+    }
+
+    std::string path_;
+    Target target_;
+    int fd_ = -1;
+    bool unnamed_ = false;
+    std::string linkedName_;  // the temporary's name while it has one
+};
+
+}  // namespace
+
 bool WriteFileAtomically(const std::string& path, const std::function<bool(std::FILE*)>& writer,
                          std::string& error) {
-    std::vector<char> temporary(path.begin(), path.end());
-    const char suffix[] = ".tmp-XXXXXX";
-    temporary.insert(temporary.end(), suffix, suffix + sizeof suffix);
-    const int fd = mkstemp(temporary.data());
-    if (fd < 0) {
-        error = "Cannot write " + path + ": " + std::strerror(errno);
+    std::string bytes;
+    if (!Produce(writer, bytes)) {
+        error = "Cannot write " + path + ": the data could not be encoded";
         return false;
     }
-    fchmod(fd, 0644);
-    std::FILE* file = fdopen(fd, "wb");
-    if (file == nullptr) {
-        error = "Cannot write " + path + ": " + std::strerror(errno);
-        close(fd);
-        unlink(temporary.data());
-        return false;
-    }
-    bool ok = writer(file);
-    ok = std::fflush(file) == 0 && ok;
-    ok = fsync(fileno(file)) == 0 && ok;
-    const int savedErrno = errno;
-    ok = std::fclose(file) == 0 && ok;
-    if (!ok) {
-        error = "Cannot write " + path + ": " + std::strerror(savedErrno ? savedErrno : EIO);
-        unlink(temporary.data());
-        return false;
-    }
-    if (std::rename(temporary.data(), path.c_str()) != 0) {
-        error = "Cannot write " + path + ": " + std::strerror(errno);
-        unlink(temporary.data());
+    AtomicWrite write(path);
+    if (!write.Run(bytes)) {
+        error = "Cannot write " + path + ": " + std::strerror(errno ? errno : EIO);
         return false;
     }
     return true;

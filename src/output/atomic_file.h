@@ -6,9 +6,13 @@
 
 namespace kirameki {
 
-// Writes a file through a temporary file beside it, renamed over the target only when the
+// Writes a file through a temporary file beside it, put in the target's place only when the
 // writer succeeded and the data reached the disk, so that a crash or a failed write never
-// leaves half a file and never loses the old one. On failure error holds one clear line.
+// leaves half a file and never loses the old one. The temporary is unnamed where the file
+// system allows it (nothing is left if the process is killed); otherwise it has a short name
+// of its own, and the stale temporaries of a killed writer are removed when the same target
+// is next written. Its name does not grow with the target's, so any name the file system
+// accepts can be written. On failure error holds one clear line.
 bool WriteFileAtomically(const std::string& path, const std::function<bool(std::FILE*)>& writer,
                          std::string& error);
 

@@ -3,7 +3,6 @@
 #include <bit>
 #include <cmath>
 #include <cstring>
-#include <fstream>
 #include <iterator>
 
 #include "model/model_builder.h"
@@ -11,6 +10,7 @@
 #include "model/stone_tables.h"
 #include "output/atomic_file.h"
 #include "output/binary_fields.h"
+#include "output/file_reading.h"
 
 namespace kirameki {
 
@@ -99,11 +99,17 @@ std::vector<std::uint8_t> CaptureInfoBytes(const SceneState& scene) {
 std::string ReadCaptureInfoBytes(const std::uint8_t* bytes, std::size_t size, SceneState& scene,
                                  bool headerOnly) {
     const ViewState before = scene.view;
+    const ModelParameters parametersBefore = scene.settings.modelParameters;
     FieldReader reader(bytes, size);
     ForEachField(scene, headerOnly, [&](void* field, std::size_t width) { reader(field, width); });
     if (headerOnly)
         return {};
-    std::string refused;
+    std::string refused =
+        ModelParametersProblem(scene.settings.model, scene.settings.modelParameters);
+    if (!refused.empty()) {
+        scene.settings.modelParameters = parametersBefore;
+        refused += " The current parameters are kept.";
+    }
     OrientationFrame ViewState::*frames[] = {&ViewState::object, &ViewState::light,
                                              &ViewState::view};
     const char* names[] = {"stone", "light", "view point"};
@@ -134,17 +140,14 @@ bool WriteCaptureInfo(const std::string& path, const SceneState& scene, std::str
 
 RecordRead ReadCaptureInfo(const std::string& path, SceneState& scene, bool headerOnly) {
     RecordRead result;
-    std::ifstream file(path, std::ios::binary);
-    if (!file) {
-        result.error = "Cannot read " + path;
+    // The longest record is 288 bytes; anything after it is ignored.
+    const FileBytes file = ReadRegularFile(path, kCaptureInfoBaseSize + 16);
+    if (file.outcome != FileBytes::Outcome::kRead) {
+        result.error = "Cannot read " + path + ": " + file.error;
         return result;
     }
-    // The longest record is 288 bytes; anything after it is ignored.
-    std::vector<char> bytes(kCaptureInfoBaseSize + 16);
-    file.read(bytes.data(), std::streamsize(bytes.size()));
     result.opened = true;
-    result.refused = ReadCaptureInfoBytes(reinterpret_cast<const std::uint8_t*>(bytes.data()),
-                                          std::size_t(file.gcount()), scene, headerOnly);
+    result.refused = ReadCaptureInfoBytes(file.bytes.data(), file.bytes.size(), scene, headerOnly);
     return result;
 }
 
@@ -153,6 +156,8 @@ std::string SceneProblem(const AppSettings& s) {
         return "The stone " + std::to_string(s.stone) + " is not in the stone list.";
     if (!HasGenerator(s.model))
         return "The cut " + std::to_string(s.model) + " is not in the cut list.";
+    if (std::string problem = ModelParametersProblem(s.model, s.modelParameters); !problem.empty())
+        return problem;
     if (!IsColourIndex(s.stoneColour))
         return "The colour " + std::to_string(s.stoneColour) + " is not in the colour list.";
     if (!RefractiveIndexInRange(s.refractiveIndex))

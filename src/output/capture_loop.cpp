@@ -1,7 +1,6 @@
 #include "output/capture_loop.h"
 
-#include <filesystem>
-
+#include "output/gif_files.h"
 #include "output/path_block.h"
 #include "output/picture_writers.h"
 #include "render/preview_geometry.h"
@@ -28,10 +27,12 @@ ViewState FrameOrientation(const ViewState& start, int index, int frameCount,
     return view;
 }
 
-int RunCapture(const CaptureRun& run, GemModel& model, ViewState& view, TracerWorkAreas& work,
-               FrameImage& image, RenderSink& sink, const AbortPoll& abortPoll,
-               CaptureObserver& observer) {
+CaptureOutcome RunCapture(const CaptureRun& run, GemModel& model, ViewState& view,
+                          TracerWorkAreas& work, FrameImage& image, RenderSink& sink,
+                          const AbortPoll& abortPoll, CaptureObserver& observer) {
     const int n = run.frameCount;
+    const auto [width, height] =
+        TrimmedSize(run.geometry.size, run.geometry.size, run.trimming, run.margins);
     for (int k = run.firstFrame; k <= n; ++k) {
         observer.FrameStarted(k, n);
         view = k < n ? FrameOrientation(run.start, k, n, run.viewPointRotation) : run.start;
@@ -41,12 +42,15 @@ int RunCapture(const CaptureRun& run, GemModel& model, ViewState& view, TracerWo
         if (k == n)
             break;
         const std::string path = FrameFileName(run.stem, k, n);
-        std::error_code ignored;
-        if (run.existenceCheck && std::filesystem::exists(path, ignored))
+        // A frame that exists but does not decode at the run's size is drawn again.
+        IndexedImage existing;
+        std::string unused;
+        if (run.existenceCheck &&
+            ReadFrameGif(path, {width, height}, existing, unused) == FrameState::kGood)
             continue;
         if (RenderFrame(run.parameters, model, view.LightDirection, run.geometry, work, image, sink,
                         abortPoll) == 0)
-            return k;
+            return {CaptureOutcome::End::kAborted, k, {}};
         FrameImage trimmed;
         if (run.trimming)
             trimmed =
@@ -54,9 +58,9 @@ int RunCapture(const CaptureRun& run, GemModel& model, ViewState& view, TracerWo
         std::string error;
         if (!WritePicture(path, run.trimming ? trimmed : image, PictureFormat::kGif8,
                           run.background, error))
-            observer.FrameNotSaved(path, error);
+            return {CaptureOutcome::End::kFailed, k, error};
     }
-    return n;
+    return {CaptureOutcome::End::kCompleted, n, {}};
 }
 
 }  // namespace kirameki

@@ -15,7 +15,7 @@ struct CaptureRun {
     std::string stem;  // the capture file's path without extension
     int frameCount = 128;
     int firstFrame = 0;              // frames before it are on disk
-    bool existenceCheck = false;     // walk every frame, render only missing files
+    bool existenceCheck = false;     // walk every frame, render only missing or damaged files
     bool viewPointRotation = false;  // turn the view point around the stone, not the stone
     ViewState start;                 // the orientation of frame 0
     bool trimming = false;
@@ -34,8 +34,16 @@ class CaptureObserver {
     // The stone was turned for the next frame: the model's view vertices and face data are
     // those of `view` now (the viewer redraws its preview from them).
     virtual void Turned(const GemModel& model, const ViewState& view) = 0;
-    // A frame could not be written; the run goes on and a later existence check finds it.
-    virtual void FrameNotSaved(const std::string& path, const std::string& error) = 0;
+};
+
+// How a run ended and how many frames are on disk from frame 0: N when it completed; after an
+// abort the index of the frame under rendering (not written); after a failure the index of
+// the frame that could not be written, with the reason, so that a resume starts there.
+struct CaptureOutcome {
+    enum class End { kCompleted, kAborted, kFailed };
+    End end = End::kCompleted;
+    int framesDone = 0;
+    std::string error;  // kFailed: the file and why it could not be written
 };
 
 // The orientation of frame k of n: the start turned by k * 2 pi / n about the stone's own
@@ -45,11 +53,10 @@ ViewState FrameOrientation(const ViewState& start, int index, int frameCount,
                            bool viewPointRotation);
 
 // Renders and saves the frames of the run, each a 256-colour GIF written through a
-// temporary file. Returns the number of frames now on disk from frame 0 (N when the run
-// completed; the index of the frame under rendering after an abort, whose file is not
-// written). `view` ends at the frame reached: the start again after a completed run.
-int RunCapture(const CaptureRun& run, GemModel& model, ViewState& view, TracerWorkAreas& work,
-               FrameImage& image, RenderSink& sink, const AbortPoll& abortPoll,
-               CaptureObserver& observer);
+// temporary file. A frame that cannot be written stops the run. `view` ends at the frame
+// reached: the start again after a completed run.
+CaptureOutcome RunCapture(const CaptureRun& run, GemModel& model, ViewState& view,
+                          TracerWorkAreas& work, FrameImage& image, RenderSink& sink,
+                          const AbortPoll& abortPoll, CaptureObserver& observer);
 
 }  // namespace kirameki

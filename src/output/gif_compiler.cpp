@@ -2,36 +2,60 @@
 
 #include <vector>
 
+#include "output/capture_info.h"
 #include "output/gif_files.h"
 #include "output/messages.h"
+#include "output/palette_reduction.h"
 #include "output/path_block.h"
 
 namespace kirameki {
 
-bool CompileAnimatedGif(const std::string& stem, int frameCount, int delayHundredths, int direction,
-                        const std::string& output, const std::function<void(int, int)>& progress,
-                        std::string& message) {
+GifCompiled CompileAnimatedGif(const std::string& stem, int frameCount, const FrameSize& frameSize,
+                               int delayHundredths, int direction, const std::string& output,
+                               const std::function<void(int, int)>& progress,
+                               std::string& message) {
     std::vector<IndexedImage> frames(frameCount > 0 ? std::size_t(frameCount) : 0);
+    FrameSize expected = frameSize;
     for (int i = 0; i < frameCount; ++i) {
         if (progress)
             progress(i, frameCount);
         const int frame = direction == 1 ? frameCount - 1 - i : i;
         const std::string path = FrameFileName(stem, frame, frameCount);
         std::string error;
-        if (!ReadGif(path, frames[i], error)) {
+        const FrameState state = ReadFrameGif(path, expected, frames[std::size_t(i)], error);
+        if (state == FrameState::kMissing) {
             message = messages::Format(messages::kMissingFrame, path);
-            return false;
+            return GifCompiled::kFrameProblem;
         }
+        if (state == FrameState::kDamaged) {
+            message = messages::Format(messages::kDamagedFrame, error);
+            return GifCompiled::kFrameProblem;
+        }
+        expected = {frames[std::size_t(i)].width, frames[std::size_t(i)].height};
     }
     std::string error;
     if (!WriteAnimatedGif(output, frames, delayHundredths, error)) {
         message = error;
-        return false;
+        return GifCompiled::kWriteFailed;
     }
     if (progress)
         progress(frameCount, frameCount);
     message = messages::Format(messages::kAnimationSaved, output);
-    return true;
+    return GifCompiled::kSaved;
+}
+
+FrameSize RecordedFrameSize(const std::string& recordPath) {
+    AppSettings settings;
+    ViewState view;
+    CaptureState capture;
+    SceneState scene{settings, view, capture};
+    if (!ReadCaptureInfo(recordPath, scene, false).opened || settings.imageSize < 1 ||
+        settings.imageSize > kMaxPictureSide)
+        return {};
+    const auto& trim = settings.trimming;
+    const auto [width, height] = TrimmedSize(settings.imageSize, settings.imageSize, trim[4] != 0,
+                                             {trim[0], trim[1], trim[2], trim[3]});
+    return {width, height};
 }
 
 }  // namespace kirameki

@@ -3,15 +3,24 @@
 #include <functional>
 #include <string>
 
+#include "output/gif_files.h"
+
 namespace kirameki {
 
 // Compiles the frames stem_F[..].gif of a complete capture of frameCount frames into one
 // animated GIF that loops forever, delayHundredths per frame, in frame order (direction 0,
 // anticlockwise) or reversed (direction 1, clockwise). progress(i, N) is called before each
-// frame is loaded and once more at the end. Returns true when the file was written; on
-// failure nothing is written and message says why (naming the first missing frame).
-bool CompileAnimatedGif(const std::string& stem, int frameCount, int delayHundredths, int direction,
-                        const std::string& output, const std::function<void(int, int)>& progress,
-                        std::string& message);
+// frame is loaded and once more at the end. Every frame must have the size given (zero: the
+// size of the first frame loaded). Answers kSaved when the file was written; otherwise nothing
+// is written and message says why, naming the first frame in loading order that is missing
+// or damaged.
+enum class GifCompiled { kSaved, kFrameProblem, kWriteFailed };
+GifCompiled CompileAnimatedGif(const std::string& stem, int frameCount, const FrameSize& frameSize,
+                               int delayHundredths, int direction, const std::string& output,
+                               const std::function<void(int, int)>& progress, std::string& message);
+
+// The size of the frames a capture record describes: its picture size, trimmed when trimming
+// is on. Zero when the record cannot be read.
+FrameSize RecordedFrameSize(const std::string& recordPath);
 
 }  // namespace kirameki

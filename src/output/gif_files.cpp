@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "output/atomic_file.h"
+#include "output/file_reading.h"
 #include "render/frame_image.h"
 
 namespace kirameki {
@@ -102,7 +103,7 @@ bool Refuse(const std::string& path, const std::string& why, std::string& error)
 }
 
 struct MemoryReader {
-    const std::vector<GifByteType>& bytes;
+    const std::vector<std::uint8_t>& bytes;
     std::size_t offset = 0;
 };
 
@@ -122,22 +123,25 @@ struct GifCloser {
     }
 };
 
-bool ReadFileBytes(const std::string& path, std::vector<GifByteType>& bytes, std::string& error) {
-    std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"),
-                                                         &std::fclose);
-    if (!file) {
-        error = std::strerror(errno);
-        return false;
-    }
-    GifByteType buffer[65536];
-    std::size_t n = 0;
-    while ((n = std::fread(buffer, 1, sizeof buffer, file.get())) > 0)
-        bytes.insert(bytes.end(), buffer, buffer + n);
-    if (std::ferror(file.get())) {
-        error = std::strerror(errno);
-        return false;
-    }
-    return true;
+// A frame of another size than the capture's, or larger than any this program writes, is
+// refused from its header, before a single pixel is decoded.
+std::string SizeProblem(int width, int height, const FrameSize& expected) {
+    if (expected.width > 0 && (width != expected.width || height != expected.height))
+        return "the picture is " + std::to_string(width) + " x " + std::to_string(height) +
+               " pixels, not " + std::to_string(expected.width) + " x " +
+               std::to_string(expected.height);
+    if (width <= 0 || height <= 0 || width > kMaxPictureSide || height > kMaxPictureSide)
+        return "the picture's declared size " + std::to_string(width) + " x " +
+               std::to_string(height) + " is not one this program writes";
+    return {};
+}
+
+// The most bytes a GIF of the size can take: LZW codes are at most 12 bits a pixel, plus the
+// colour map, extensions and block headers.
+std::size_t ByteLimit(const FrameSize& expected) {
+    const std::size_t w = std::size_t(expected.width > 0 ? expected.width : kMaxPictureSide);
+    const std::size_t h = std::size_t(expected.height > 0 ? expected.height : kMaxPictureSide);
+    return w * h * 2 + 65536;
 }
 
 const char* GifError(const GifFileType* gif, int code) {
@@ -146,12 +150,16 @@ const char* GifError(const GifFileType* gif, int code) {
 }
 
 // Reads the first picture; on failure answers the reason.
-std::string DecodeFirstPicture(const std::vector<GifByteType>& bytes, IndexedImage& out) {
+std::string DecodeFirstPicture(const std::vector<std::uint8_t>& bytes, const FrameSize& expected,
+                               IndexedImage& out) {
     MemoryReader reader{bytes};
     int code = 0;
     std::unique_ptr<GifFileType, GifCloser> gif(DGifOpen(&reader, ReadFromMemory, &code));
     if (!gif)
         return GifError(nullptr, code);
+    if (const std::string problem = SizeProblem(gif->SWidth, gif->SHeight, expected);
+        !problem.empty())
+        return problem;
     for (;;) {
         GifRecordType type = UNDEFINED_RECORD_TYPE;
         if (DGifGetRecordType(gif.get(), &type) != GIF_OK)
@@ -213,15 +221,22 @@ bool WriteGif(const std::string& path, const IndexedImage& image, std::string& e
         path, [&](std::FILE* file) { return EncodeGif(file, &image, 1, false, 0); }, error);
 }
 
-bool ReadGif(const std::string& path, IndexedImage& out, std::string& error) {
-    std::vector<GifByteType> bytes;
-    std::string reason;
-    if (ReadFileBytes(path, bytes, reason))
-        reason = DecodeFirstPicture(bytes, out);
+FrameState ReadFrameGif(const std::string& path, const FrameSize& expected, IndexedImage& out,
+                        std::string& error) {
+    const FileBytes file = ReadRegularFile(path, ByteLimit(expected));
+    std::string reason = file.error;
+    if (file.outcome == FileBytes::Outcome::kRead)
+        reason = file.longer ? "the file is larger than a picture of its size can be"
+                             : DecodeFirstPicture(file.bytes, expected, out);
     if (reason.empty())
-        return true;
+        return FrameState::kGood;
     error = "Cannot read " + path + ": " + reason;
-    return false;
+    return file.outcome == FileBytes::Outcome::kMissing ? FrameState::kMissing
+                                                        : FrameState::kDamaged;
+}
+
+bool ReadGif(const std::string& path, IndexedImage& out, std::string& error) {
+    return ReadFrameGif(path, {}, out, error) == FrameState::kGood;
 }
 
 bool WriteAnimatedGif(const std::string& path, const std::vector<IndexedImage>& frames,

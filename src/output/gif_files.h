@@ -12,10 +12,29 @@ namespace kirameki {
 // the picture is not writable or the file cannot be written.
 bool WriteGif(const std::string& path, const IndexedImage& image, std::string& error);
 
+// The largest side of a picture this program writes or reads back (512 pixels, never
+// enlarged by trimming).
+constexpr int kMaxPictureSide = 512;
+
+// The size a frame must have; zero: any size up to kMaxPictureSide.
+struct FrameSize {
+    int width = 0;
+    int height = 0;
+};
+
+enum class FrameState { kGood, kMissing, kDamaged };
+
 // Reads the first picture of a GIF file, with the colour map that applies to it (its own, else
-// the global one) as palette. Interlaced pictures are read in their true row order. A first
-// picture that does not cover the whole logical screen is refused, as is any file that is
-// missing, short, corrupt or names colours outside its map: false with one line in error.
+// the global one) as palette. Interlaced pictures are read in their true row order. Only a
+// regular file is read, and only as many bytes as a picture of the expected size can take;
+// the declared size is checked before anything is decoded. A first picture that does not
+// cover the whole logical screen is refused, as is any file that is short, corrupt, of
+// another size or names colours outside its map: kDamaged, or kMissing when there is no
+// file, with one line in error.
+FrameState ReadFrameGif(const std::string& path, const FrameSize& expected, IndexedImage& out,
+                        std::string& error);
+
+// ReadFrameGif of a picture of any size: true when it is good.
 bool ReadGif(const std::string& path, IndexedImage& out, std::string& error);
 
 // Writes the frames as one animated GIF that loops forever: a looping application extension

@@ -25,6 +25,14 @@ inline constexpr const char* kMissingFrame =
     "this case, Resume capturing to complete the whole set of files.\n\nGo to the \"Automatic "
     "Screen Capture(P)\" --> \"Resume(R)\" then\n\"File Existance Check(Yes/No)\" dialog will "
     "show up.\nClick \"Yes\" to begin complement.";
+inline constexpr const char* kDamagedFrame =
+    "Failed to open file.\n\nFollowing file exists but is damaged.\n\n%s\n\n\nIn this case, "
+    "Resume capturing to draw it again.\n\nGo to the \"Automatic Screen Capture(P)\" --> "
+    "\"Resume(R)\" then\n\"File Existance Check(Yes/No)\" dialog will show up.\nClick \"Yes\" "
+    "to begin complement.";
+inline constexpr const char* kFrameNotSaved =
+    "A frame could not be saved, so capturing has stopped.\n\n%s\n\nResume capturing when the "
+    "cause is mended: it carries on from this frame.";
 inline constexpr const char* kOnlyPictureSaved =
     "Only \"Screen-Shot Picture File\" was saved.\n\nTo save its Position-Info File together,\nGo "
     "to \"Settings(S)\" --> \"General Settings(S)\",\nthen check \"Position-Info File\" on that "

@@ -139,17 +139,35 @@ void ReduceTo555(FrameImage& image) {
     }
 }
 
-FrameImage Trimmed(const FrameImage& image, int top, int bottom, int left, int right) {
-    const int w = image.Width(), h = image.Height();
-    if (image.Empty())
-        return {};
+namespace {
+
+// Margins kept within the picture so that at least one pixel stays.
+std::array<int, 4> ClampedMargins(int w, int h, int top, int bottom, int left, int right) {
     left = std::clamp(left, 0, w - 1);
     right = std::clamp(right, 0, w - 1 - left);
     top = std::clamp(top, 0, h - 1);
     bottom = std::clamp(bottom, 0, h - 1 - top);
-    FrameImage out(w - left - right, h - top - bottom);
+    return {top, bottom, left, right};
+}
+
+}  // namespace
+
+std::array<int, 2> TrimmedSize(int width, int height, bool trimming,
+                               const std::array<std::int32_t, 4>& m) {
+    if (!trimming)
+        return {width, height};
+    const auto [top, bottom, left, right] = ClampedMargins(width, height, m[0], m[1], m[2], m[3]);
+    return {width - left - right, height - top - bottom};
+}
+
+FrameImage Trimmed(const FrameImage& image, int top, int bottom, int left, int right) {
+    const int w = image.Width(), h = image.Height();
+    if (image.Empty())
+        return {};
+    const auto [t, b, l, r] = ClampedMargins(w, h, top, bottom, left, right);
+    FrameImage out(w - l - r, h - t - b);
     for (int y = 0; y < out.Height(); ++y)
-        std::copy_n(image.Row(y + top) + 3 * left, 3 * out.Width(), out.Row(y));
+        std::copy_n(image.Row(y + t) + 3 * l, 3 * out.Width(), out.Row(y));
     return out;
 }
 

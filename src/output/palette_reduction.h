@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 
@@ -28,5 +29,10 @@ void ReduceTo555(FrameImage& image);
 // cut back (left and top first, then right and bottom) so that a non-empty picture always
 // gives at least 1 x 1 pixels, read from inside it. An empty picture gives an empty picture.
 FrameImage Trimmed(const FrameImage& image, int top, int bottom, int left, int right);
+
+// The width and height Trimmed gives a picture of this size (the size itself when trimming
+// is off); margins are top, bottom, left, right.
+std::array<int, 2> TrimmedSize(int width, int height, bool trimming,
+                               const std::array<std::int32_t, 4>& margins);
 
 }  // namespace kirameki

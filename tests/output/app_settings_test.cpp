@@ -1,6 +1,7 @@
 #include "output/app_settings.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <cstring>
 #include <filesystem>
@@ -111,15 +112,34 @@ TEST_F(SettingsFile, AFailedSaveKeepsTheOldFileAndLeavesNoLitter) {
     EXPECT_EQ(files, 1);
 }
 
-TEST(SettingsPaths, APathTooLongForItsBufferIsCutBetweenCharacters) {
+TEST(SettingsPaths, APathTooLongForItsBufferIsStoredEmptyNotCut) {
+    // A cut path would name a folder that does not exist; empty means the default folder.
     PathBuffer buffer;
     std::string text;
     for (int i = 0; i < 100; ++i)
         text += "宝";  // three bytes each
     SetPath(buffer, text);
-    const std::string kept = PathText(buffer);
-    EXPECT_EQ(kept.size(), 258u);  // 86 whole characters within 259 bytes
-    EXPECT_EQ(text.compare(0, kept.size(), kept), 0);
+    EXPECT_EQ(PathText(buffer), "");
+    const std::string fits(259, 'a');
+    SetPath(buffer, fits);
+    EXPECT_EQ(PathText(buffer), fits);
+}
+
+TEST_F(SettingsFile, AFileThatIsThereButCannotBeReadIsAnErrorAndNeverBlocks) {
+    // A FIFO would block a plain read for ever; a folder is not a settings file.
+    ASSERT_EQ(mkfifo(Path("fifo.ini").c_str(), 0600), 0);
+    fs::create_directories(Path("folder.ini"));
+    for (const char* name : {"fifo.ini", "folder.ini"}) {
+        AppSettings s;
+        const SettingsLoad load = LoadSettings(Path(name), s, kFolders);
+        EXPECT_FALSE(load.fromFile) << name;
+        EXPECT_NE(load.error.find(name), std::string::npos) << load.error;
+        EXPECT_EQ(s.imageSize, 270) << name;  // the defaults stand in
+    }
+    AppSettings s;
+    const SettingsLoad missing = LoadSettings(Path("none.ini"), s, kFolders);
+    EXPECT_FALSE(missing.fromFile);
+    EXPECT_EQ(missing.error, "");
 }
 
 }  // namespace

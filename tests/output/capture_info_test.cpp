@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
+#include "model/model_builder.h"
 #include "output/path_block.h"
 
 namespace kirameki {
@@ -85,12 +88,43 @@ TEST(CaptureInfo, DamagedValuesAreRefusedWithoutLosingTheRest) {
     EXPECT_EQ(SceneProblem(to.settings), "");
 }
 
+TEST(CaptureInfo, SolidParametersThatDoNotFitAreRefusedAndTheRestTaken) {
+    // A row count near the 32-bit limit once wrapped the size check and overran the model.
+    const std::pair<int, std::int32_t> damaged[] = {{kEllipsoidRows, 2147483647},
+                                                    {kEllipsoidSurfaces, -5},
+                                                    {kEllipsoidRows, 600}};
+    for (const auto& [parameter, value] : damaged) {
+        Scene from;
+        from.settings.model = 23;
+        from.settings.imageSize = 200;
+        from.settings.modelParameters[std::size_t(parameter)] = value;
+        const auto bytes = CaptureInfoBytes(from.State());
+        Scene to;
+        SceneState state = to.State();
+        EXPECT_NE(ReadCaptureInfoBytes(bytes.data(), bytes.size(), state, false), "") << value;
+        EXPECT_EQ(to.settings.modelParameters, kDefaultModelParameters) << value;
+        EXPECT_EQ(to.settings.imageSize, 200);
+        EXPECT_EQ(to.settings.model, 23);
+        // The same values met in a settings file are refused before anything is built.
+        EXPECT_NE(SceneProblem(from.settings), "") << value;
+        auto model = std::make_unique<GemModel>();
+        BuildModel(23, from.settings.modelParameters, *model);
+        EXPECT_EQ(model->VertexCount, 0) << value;
+        EXPECT_TRUE(RepairModelParameters(from.settings.modelParameters));
+        EXPECT_EQ(from.settings.modelParameters, kDefaultModelParameters);
+    }
+}
+
 TEST(CaptureInfo, UnreadableFileChangesNothing) {
     Scene scene;
     SceneState state = scene.State();
     const RecordRead read = ReadCaptureInfo("/nonexistent/x.sqi", state, false);
     EXPECT_FALSE(read.opened);
     EXPECT_FALSE(read.error.empty());
+    // A device is not read: /dev/zero would never end.
+    const RecordRead device = ReadCaptureInfo("/dev/zero", state, false);
+    EXPECT_FALSE(device.opened);
+    EXPECT_NE(device.error.find("not a regular file"), std::string::npos) << device.error;
 }
 
 TEST(PathBlock, SplitsAtTheLastSlashAndDotAndNamesFramesWithTheirWidth) {

@@ -29,9 +29,6 @@ class RecordingObserver : public CaptureObserver {
     std::vector<int> frames;
     void FrameStarted(int index, int) override { frames.push_back(index); }
     void Turned(const GemModel&, const ViewState&) override {}
-    void FrameNotSaved(const std::string& path, const std::string& error) override {
-        ADD_FAILURE() << path << ": " << error;
-    }
 };
 
 class Capture : public ::testing::Test {
@@ -54,7 +51,11 @@ class Capture : public ::testing::Test {
 
     int Run(const AbortPoll& poll = {}) {
         view_ = run_.start;
-        return RunCapture(run_, *model_, view_, *work_, image_, sink_, poll, observer_);
+        outcome_ = RunCapture(run_, *model_, view_, *work_, image_, sink_, poll, observer_);
+        return outcome_.framesDone;
+    }
+    std::string FramePath(int frame) const {
+        return FrameFileName(run_.stem, frame, run_.frameCount);
     }
     bool Exists(int frame) const {
         return fs::exists(FrameFileName(run_.stem, frame, run_.frameCount));
@@ -68,6 +69,7 @@ class Capture : public ::testing::Test {
     CountingSink sink_;
     RecordingObserver observer_;
     CaptureRun run_;
+    CaptureOutcome outcome_;
 };
 
 TEST_F(Capture, RendersEveryFrameThenTurnsBackToTheStart) {
@@ -103,6 +105,28 @@ TEST_F(Capture, AnAbortDropsTheFrameUnderRenderingAndAResumeCompletesTheSet) {
     EXPECT_EQ(Run(), 6);
     EXPECT_EQ(sink_.renders, 1);
     EXPECT_TRUE(Exists(4));
+    // A frame that is there but does not decode is drawn again, not skipped.
+    fs::resize_file(FramePath(1), 100);
+    sink_.renders = 0;
+    EXPECT_EQ(Run(), 6);
+    EXPECT_EQ(sink_.renders, 1);
+    IndexedImage frame;
+    std::string error;
+    EXPECT_TRUE(ReadGif(FramePath(1), frame, error)) << error;
+}
+
+TEST_F(Capture, AFrameThatCannotBeWrittenStopsTheRunThere) {
+    // A frame the file system refuses: a folder stands where frame 2 goes.
+    fs::create_directories(FramePath(2));
+    EXPECT_EQ(Run(), 2);
+    EXPECT_EQ(outcome_.end, CaptureOutcome::End::kFailed);
+    EXPECT_NE(outcome_.error.find(FramePath(2)), std::string::npos) << outcome_.error;
+    EXPECT_FALSE(Exists(3));
+    // A stem so long that no frame name fits: nothing is written and nothing is claimed.
+    run_.stem = (dir_ / std::string(250, 'g')).string();
+    EXPECT_EQ(Run(), 0);
+    EXPECT_EQ(outcome_.end, CaptureOutcome::End::kFailed);
+    EXPECT_NE(outcome_.error.find("too long"), std::string::npos) << outcome_.error;
 }
 
 TEST_F(Capture, CompilesTheFramesInEitherDirectionAndRefusesAGap) {
@@ -111,8 +135,10 @@ TEST_F(Capture, CompilesTheFramesInEitherDirectionAndRefusesAGap) {
     const std::string out = (dir_ / "Gem_ANI.gif").string();
     std::string message;
     std::vector<int> progress;
-    ASSERT_TRUE(CompileAnimatedGif(
-        run_.stem, 4, 4, 1, out, [&](int i, int) { progress.push_back(i); }, message))
+    ASSERT_EQ(CompileAnimatedGif(
+                  run_.stem, 4, {32, 32}, 4, 1, out, [&](int i, int) { progress.push_back(i); },
+                  message),
+              GifCompiled::kSaved)
         << message;
     EXPECT_EQ(progress, (std::vector<int>{0, 1, 2, 3, 4}));
     EXPECT_NE(message.find(out), std::string::npos);
@@ -124,9 +150,21 @@ TEST_F(Capture, CompilesTheFramesInEitherDirectionAndRefusesAGap) {
     EXPECT_EQ(first.pixels, last.pixels);
 
     fs::remove(out);
-    fs::remove(FrameFileName(run_.stem, 2, 4));
-    EXPECT_FALSE(CompileAnimatedGif(run_.stem, 4, 4, 0, out, {}, message));
-    EXPECT_NE(message.find(FrameFileName(run_.stem, 2, 4)), std::string::npos);
+    // A frame of another size than the record's is damaged, not missing.
+    EXPECT_EQ(CompileAnimatedGif(run_.stem, 4, {30, 32}, 4, 0, out, {}, message),
+              GifCompiled::kFrameProblem);
+    EXPECT_NE(message.find("damaged"), std::string::npos) << message;
+    fs::resize_file(FramePath(1), 60);
+    EXPECT_EQ(CompileAnimatedGif(run_.stem, 4, {}, 4, 0, out, {}, message),
+              GifCompiled::kFrameProblem);
+    EXPECT_NE(message.find("damaged"), std::string::npos) << message;
+    EXPECT_NE(message.find(FramePath(1)), std::string::npos) << message;
+    // Clockwise, the first frame loaded that is missing is named: 2 before 1.
+    fs::remove(FramePath(2));
+    EXPECT_EQ(CompileAnimatedGif(run_.stem, 4, {}, 4, 1, out, {}, message),
+              GifCompiled::kFrameProblem);
+    EXPECT_NE(message.find("may not exist"), std::string::npos) << message;
+    EXPECT_NE(message.find(FramePath(2)), std::string::npos);
     EXPECT_FALSE(fs::exists(out));
 }
 
