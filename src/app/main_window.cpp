@@ -16,6 +16,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QVBoxLayout>
+#include <cstdio>
 
 #include "app/light_area.h"
 #include "app/output_flows.h"
@@ -563,8 +564,16 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     }
     session_.Stop();
     std::string error;
-    if (!session_.SaveSettings(error))
-        session_.Prompts().Tell(messages::kFailedToOpenFile, true);
+    if (!session_.SaveSettings(error)) {
+        // A signal asks the program to go: a modal box would keep it waiting for nobody.
+        if (terminating_)
+            std::fprintf(stderr, "kirameki: the settings were not saved: %s\n", error.c_str());
+        else
+            session_.Prompts().Tell(
+                QCoreApplication::translate("Messages", messages::kFailedToOpenFile).toStdString() +
+                    "\n\n" + error,
+                true);
+    }
     renderWindow_->close();
     event->accept();
 }

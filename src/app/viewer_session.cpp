@@ -20,9 +20,13 @@ class ViewerSession::KeyboardPoster : public WorkerPoster {
 
 namespace {
 
-AppSettings LoadedSettings(const ProgramPaths& paths) {
+AppSettings LoadedSettings(const ProgramPaths& paths, std::string& unreadable) {
     AppSettings settings;
-    LoadSettings(paths.settingsFile, settings, {paths.screenShotsFolder, paths.capturesFolder});
+    unreadable =
+        LoadSettings(paths.settingsFile, settings, {paths.screenShotsFolder, paths.capturesFolder})
+            .error;
+    if (!unreadable.empty())
+        std::fprintf(stderr, "kirameki: %s; it will not be written over\n", unreadable.c_str());
     // Parameters that cannot be built (a damaged file) fall back to their defaults rather
     // than keep the viewer from starting.
     if (RepairModelParameters(settings.modelParameters))
@@ -36,7 +40,7 @@ AppSettings LoadedSettings(const ProgramPaths& paths) {
 ViewerSession::ViewerSession(const ProgramPaths& paths, Prompter& prompter)
     : paths_(paths),
       prompter_(prompter),
-      settings_(LoadedSettings(paths)),
+      settings_(LoadedSettings(paths, unreadableSettings_)),
       scene_(settings_),
       worker_(scene_, sink_, idle_),
       client_(worker_, prompter_, idle_) {}
@@ -67,6 +71,12 @@ void ViewerSession::Commit() {
 }
 
 bool ViewerSession::SaveSettings(std::string& error) const {
+    // A settings file that is there but could not be read is the user's to mend, never ours
+    // to replace with what the viewer made up in its place.
+    if (!unreadableSettings_.empty()) {
+        error = unreadableSettings_;
+        return false;
+    }
     std::error_code ignored;
     std::filesystem::create_directories(std::filesystem::path(paths_.settingsFile).parent_path(),
                                         ignored);

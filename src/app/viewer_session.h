@@ -32,6 +32,8 @@ class ViewerSession {
     AppSettings& Settings() { return settings_; }
     void Commit();
 
+    // Writes the settings file; false with the reason when it cannot be written, or when it
+    // was there at start but could not be read (it is then left as it is).
     bool SaveSettings(std::string& error) const;
 
     const ProgramPaths& Paths() const { return paths_; }
@@ -46,6 +48,7 @@ class ViewerSession {
     class KeyboardPoster;
 
     ProgramPaths paths_;
+    std::string unreadableSettings_;  // why the settings file could not be read; then kept
     Prompter& prompter_;
     AppSettings settings_;
     SharedScene scene_;

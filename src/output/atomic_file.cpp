@@ -30,8 +30,8 @@ Target SplitTarget(const std::string& path) {
 }
 
 // Temporary names are short and fixed in length whatever the target's name, so that any name
-// the file system accepts can be written: a dot, a key of the target's name, ".tmp-" and six
-// random characters.
+// the file system accepts can be written: a dot, sixteen hexadecimal digits of a key of the
+// target's name, ".tmp-" and six random characters.
 std::string TemporaryPrefix(const std::string& name) {
     std::uint64_t hash = 14695981039346656037ull;  // FNV-1a
     for (const unsigned char c : name) {
@@ -55,17 +55,26 @@ std::string RandomSuffix() {
     return suffix;
 }
 
+// Whether a name in the folder has the form of this program's temporaries.
+bool IsTemporaryName(const std::string& name) {
+    const std::size_t keyEnd = 17, suffixEnd = keyEnd + 5;
+    if (name.size() != suffixEnd + kRandomLength || name[0] != '.' ||
+        name.compare(keyEnd, 5, ".tmp-") != 0)
+        return false;
+    return name.find_first_not_of("0123456789abcdef", 1) == keyEnd;
+}
+
 // A writer holds an exclusive lock on its temporary file from creation to rename, so a
-// temporary of this target that can be locked belongs to a writer that died (killed, or the
-// machine went down) and is removed.
+// temporary that can be locked belongs to a writer that died (killed, or the machine went
+// down) and is removed, whichever target it was for: a frame of a killed capture may never be
+// written again.
 void RemoveStaleTemporaries(const Target& target) {
-    const std::string prefix = TemporaryPrefix(target.name);
     std::unique_ptr<DIR, int (*)(DIR*)> folder(opendir(target.folder.c_str()), &closedir);
     if (!folder)
         return;
     while (const dirent* entry = readdir(folder.get())) {
         const std::string name = entry->d_name;
-        if (name.size() != prefix.size() + kRandomLength || name.compare(0, prefix.size(), prefix))
+        if (!IsTemporaryName(name))
             continue;
         const std::string path = target.folder + name;
         const int fd = open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
@@ -75,6 +84,13 @@ void RemoveStaleTemporaries(const Target& target) {
             unlink(path.c_str());
         close(fd);
     }
+}
+
+// Locks a new temporary; false when a cleaner removed it between its creation and the lock
+// (it then has no name left) and another must be made.
+bool LockedAndStillNamed(int fd) {
+    struct stat status {};
+    return flock(fd, LOCK_EX) == 0 && fstat(fd, &status) == 0 && status.st_nlink > 0;
 }
 
 bool WriteAll(int fd, const char* data, std::size_t size) {
@@ -152,9 +168,14 @@ class AtomicWrite {
             const std::string name =
                 target_.folder + TemporaryPrefix(target_.name) + RandomSuffix();
             fd_ = open(name.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0644);
-            if (fd_ >= 0) {
+            if (fd_ >= 0 && LockedAndStillNamed(fd_)) {
                 linkedName_ = name;
-                return flock(fd_, LOCK_EX) == 0;
+                return true;
+            }
+            if (fd_ >= 0) {
+                close(fd_);
+                fd_ = -1;
+                continue;
             }
             if (errno != EEXIST)
                 return false;

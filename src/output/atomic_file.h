@@ -10,8 +10,8 @@ namespace kirameki {
 // writer succeeded and the data reached the disk, so that a crash or a failed write never
 // leaves half a file and never loses the old one. The temporary is unnamed where the file
 // system allows it (nothing is left if the process is killed); otherwise it has a short name
-// of its own, and the stale temporaries of a killed writer are removed when the same target
-// is next written. Its name does not grow with the target's, so any name the file system
+// of its own, and the stale temporaries of killed writers are removed when the next file is
+// written in the same folder. Its name does not grow with the target's, so any name the file system
 // accepts can be written. On failure error holds one clear line.
 bool WriteFileAtomically(const std::string& path, const std::function<bool(std::FILE*)>& writer,
                          std::string& error);

@@ -1,6 +1,8 @@
 // The main window driven offscreen through the real worker.
 #include "app/main_window.h"
 
+#include <sys/stat.h>
+
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -266,6 +268,30 @@ class MainWindowTest : public QObject {
         LoadSettings((folder + "/Setting.ini").toStdString(), s, {});
         QCOMPARE(s.stone, 4);
         QCOMPARE(s.model, 12);
+    }
+
+    void ASignalEndsTheViewerEvenWhenTheSettingsCannotBeSaved() {
+        // A folder in the settings file's place: the save fails, and no box may wait for an
+        // answer nobody will give.
+        const QString folder = dir_.path() + "/signal";
+        QDir().mkpath(folder + "/Setting.ini");
+        Viewer v(folder);
+        v.window->Terminate();
+        QVERIFY(!v.window->isVisible());
+        QVERIFY(v.prompter.told.isEmpty());
+        QVERIFY(QFileInfo(folder + "/Setting.ini").isDir());
+    }
+
+    void ASettingsFileThatCannotBeReadIsNotWrittenOver() {
+        const QString folder = dir_.path() + "/unreadable";
+        QDir().mkpath(folder);
+        const QString path = folder + "/Setting.ini";
+        QVERIFY(mkfifo(path.toLocal8Bit().constData(), 0600) == 0);
+        {
+            Viewer v(folder);
+            QCOMPARE(v.session->Settings().imageSize, 270);  // the defaults stand in
+        }
+        QVERIFY(!QFileInfo(path).isFile());  // still the FIFO
     }
 };
 

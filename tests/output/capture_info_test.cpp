@@ -90,9 +90,8 @@ TEST(CaptureInfo, DamagedValuesAreRefusedWithoutLosingTheRest) {
 
 TEST(CaptureInfo, SolidParametersThatDoNotFitAreRefusedAndTheRestTaken) {
     // A row count near the 32-bit limit once wrapped the size check and overran the model.
-    const std::pair<int, std::int32_t> damaged[] = {{kEllipsoidRows, 2147483647},
-                                                    {kEllipsoidSurfaces, -5},
-                                                    {kEllipsoidRows, 600}};
+    const std::pair<int, std::int32_t> damaged[] = {
+        {kEllipsoidRows, 2147483647}, {kEllipsoidSurfaces, -5}, {kEllipsoidRows, 600}};
     for (const auto& [parameter, value] : damaged) {
         Scene from;
         from.settings.model = 23;

@@ -135,10 +135,10 @@ TEST_F(Capture, CompilesTheFramesInEitherDirectionAndRefusesAGap) {
     const std::string out = (dir_ / "Gem_ANI.gif").string();
     std::string message;
     std::vector<int> progress;
-    ASSERT_EQ(CompileAnimatedGif(
-                  run_.stem, 4, {32, 32}, 4, 1, out, [&](int i, int) { progress.push_back(i); },
-                  message),
-              GifCompiled::kSaved)
+    ASSERT_EQ(
+        CompileAnimatedGif(
+            run_.stem, 4, {32, 32}, 4, 1, out, [&](int i, int) { progress.push_back(i); }, message),
+        GifCompiled::kSaved)
         << message;
     EXPECT_EQ(progress, (std::vector<int>{0, 1, 2, 3, 4}));
     EXPECT_NE(message.find(out), std::string::npos);
