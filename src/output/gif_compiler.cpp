@@ -14,7 +14,9 @@ GifCompiled CompileAnimatedGif(const std::string& stem, int frameCount, const Fr
                                int delayHundredths, int direction, const std::string& output,
                                const std::function<void(int, int)>& progress,
                                std::string& message) {
-    std::vector<IndexedImage> frames(frameCount > 0 ? std::size_t(frameCount) : 0);
+    // Grown frame by frame: a damaged record may claim more frames than memory could hold,
+    // and the first one missing ends the loading.
+    std::vector<IndexedImage> frames;
     FrameSize expected = frameSize;
     for (int i = 0; i < frameCount; ++i) {
         if (progress)
@@ -22,7 +24,8 @@ GifCompiled CompileAnimatedGif(const std::string& stem, int frameCount, const Fr
         const int frame = direction == 1 ? frameCount - 1 - i : i;
         const std::string path = FrameFileName(stem, frame, frameCount);
         std::string error;
-        const FrameState state = ReadFrameGif(path, expected, frames[std::size_t(i)], error);
+        IndexedImage& loaded = frames.emplace_back();
+        const FrameState state = ReadFrameGif(path, expected, loaded, error);
         if (state == FrameState::kMissing) {
             message = messages::Format(messages::kMissingFrame, path);
             return GifCompiled::kFrameProblem;
@@ -31,7 +34,7 @@ GifCompiled CompileAnimatedGif(const std::string& stem, int frameCount, const Fr
             message = messages::Format(messages::kDamagedFrame, error);
             return GifCompiled::kFrameProblem;
         }
-        expected = {frames[std::size_t(i)].width, frames[std::size_t(i)].height};
+        expected = {loaded.width, loaded.height};
     }
     std::string error;
     if (!WriteAnimatedGif(output, frames, delayHundredths, error)) {

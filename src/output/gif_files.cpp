@@ -221,13 +221,18 @@ bool WriteGif(const std::string& path, const IndexedImage& image, std::string& e
         path, [&](std::FILE* file) { return EncodeGif(file, &image, 1, false, 0); }, error);
 }
 
+std::string DecodeGifBytes(const std::vector<std::uint8_t>& bytes, const FrameSize& expected,
+                           IndexedImage& out) {
+    return DecodeFirstPicture(bytes, expected, out);
+}
+
 FrameState ReadFrameGif(const std::string& path, const FrameSize& expected, IndexedImage& out,
                         std::string& error) {
     const FileBytes file = ReadRegularFile(path, ByteLimit(expected));
     std::string reason = file.error;
     if (file.outcome == FileBytes::Outcome::kRead)
         reason = file.longer ? "the file is larger than a picture of its size can be"
-                             : DecodeFirstPicture(file.bytes, expected, out);
+                             : DecodeGifBytes(file.bytes, expected, out);
     if (reason.empty())
         return FrameState::kGood;
     error = "Cannot read " + path + ": " + reason;

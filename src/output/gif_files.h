@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -33,6 +34,10 @@ enum class FrameState { kGood, kMissing, kDamaged };
 // file, with one line in error.
 FrameState ReadFrameGif(const std::string& path, const FrameSize& expected, IndexedImage& out,
                         std::string& error);
+
+// The decoding of ReadFrameGif over bytes already read: empty when good, else the reason.
+std::string DecodeGifBytes(const std::vector<std::uint8_t>& bytes, const FrameSize& expected,
+                           IndexedImage& out);
 
 // ReadFrameGif of a picture of any size: true when it is good.
 bool ReadGif(const std::string& path, IndexedImage& out, std::string& error);

@@ -166,6 +166,9 @@ TEST_F(Capture, CompilesTheFramesInEitherDirectionAndRefusesAGap) {
     EXPECT_NE(message.find("may not exist"), std::string::npos) << message;
     EXPECT_NE(message.find(FramePath(2)), std::string::npos);
     EXPECT_FALSE(fs::exists(out));
+    // A damaged record's frame count is not taken as a promise of memory.
+    EXPECT_EQ(CompileAnimatedGif(run_.stem, 2147483647, {}, 4, 0, out, {}, message),
+              GifCompiled::kFrameProblem);
 }
 
 }  // namespace
