@@ -15,7 +15,7 @@ constexpr const char* kUsage =
     "  settings --file FILE (--dump | --write-defaults | --rewrite)\n"
     "  render --out FILE [--format 1..7] [--position-info] [scene flags] [--repeat N]\n"
     "  capture --sqi FILE.sqi [--frames N] [scene flags]\n"
-    "  capture --sqi FILE.sqi --resume [--check-existence]\n"
+    "  capture --sqi FILE.sqi --resume [--check-existence] [--settings FILE] [--depth D]\n"
     "  gif --sqi FILE.sqi --out FILE.gif [--delay T] [--clockwise] [--settings FILE]\n"
     "scene flags: --settings FILE --position FILE.gpi --stone S --cut K --colour C --index N\n"
     "             --size PX --depth D --hq --fire on|off --turn ID:ROUNDS --threads N\n";

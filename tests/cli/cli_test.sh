@@ -54,5 +54,21 @@ grep -q 'Gem_F\[2\].gif' "$out/stderr" || { echo "FAIL: missing frame not named"
 expect_status 0 capture --sqi "$out/Gem.sqi" --resume --check-existence
 [ -f "$out/Gem_F[2].gif" ] || { echo "FAIL: existence check did not complete the set"; failures=$((failures + 1)); }
 
+# A resume draws at the depth of the settings it is given (the record holds no depth), as
+# the viewer's resume draws at the depth of its settings; --depth says it outright.
+expect_status 0 capture --sqi "$out/Deep.sqi" --frames 2 --size 32 --fire off --depth 1
+cp "$out/Deep_F[1].gif" "$out/depth1.gif"
+"$cli" settings --file "$out/Depth1.ini" --write-defaults
+printf '\1' | dd of="$out/Depth1.ini" bs=1 seek=40 conv=notrunc status=none  # depth 1
+for flags in "--settings $out/Depth1.ini" "--depth 1"; do
+  rm "$out/Deep_F[1].gif"
+  expect_status 0 capture --sqi "$out/Deep.sqi" --resume --check-existence $flags
+  cmp -s "$out/Deep_F[1].gif" "$out/depth1.gif" || { echo "FAIL: resume with $flags drew at another depth"; failures=$((failures + 1)); }
+done
+rm "$out/Deep_F[1].gif"
+expect_status 0 capture --sqi "$out/Deep.sqi" --resume --check-existence
+cmp -s "$out/Deep_F[1].gif" "$out/depth1.gif" && { echo "FAIL: the default depth drew as depth 1"; failures=$((failures + 1)); }
+expect_status 2 capture --sqi "$out/Deep.sqi" --resume --stone 2
+
 if [ "$failures" -eq 0 ]; then echo "cli: all checks passed"; fi
 exit $((failures > 0))
