@@ -63,7 +63,7 @@ struct Scene {
                                            {0, 0, 1}, 1.0, parameters.stoneIndex * factor, 0, r0,
                                            scene, r))
                         break;
-                    segments += 1 + r.out3;
+                    segments += 1 + r.segments;
                 }
     }
 };

@@ -17,6 +17,8 @@ namespace kirameki {
 
 namespace {
 
+constexpr std::int32_t kLongestRotationWait = 500;  // milliseconds
+
 // Forwards the frame renderer's notifications to the worker's sink.
 class RenderForwarder : public RenderSink {
   public:
@@ -200,8 +202,11 @@ void Worker::AnimateRotation(int identifier) {
             RotationStep(view_.view, *step);
         }
         Redraw();
-        // Fewer visible faces, a longer pause: the turn keeps an even pace.
-        const long pause = std::lround(settings_.rotationSpeed - 0.25 * preview_->facesDrawn);
+        // Fewer visible faces, a longer pause: the turn keeps an even pace. A damaged
+        // settings file may hold any wait; none beyond the settings window's 500 ms is taken,
+        // or a turn would not stop for days.
+        const long pause = std::lround(std::min(settings_.rotationSpeed, kLongestRotationWait) -
+                                       0.25 * preview_->facesDrawn);
         if (pause > 0)
             std::this_thread::sleep_for(std::chrono::milliseconds(pause));
     }

@@ -40,4 +40,21 @@ struct GemModel {
     FaceArray FaceTable{};
 };
 
+// What the builders promise and the tracer and preview rely on: both counts within the
+// fixed storage, every face of 3..17 corners, every corner an index below VertexCount.
+inline bool IsWellFormed(const GemModel& model) {
+    if (model.VertexCount < 0 || model.VertexCount > kMaxVertices || model.FaceCount < 0 ||
+        model.FaceCount > kMaxFaces)
+        return false;
+    for (int f = 0; f < model.FaceCount; ++f) {
+        const FaceRecord& face = model.FaceTable[std::size_t(f)];
+        if (face.Count < 3 || face.Count > kMaxFaceVertices)
+            return false;
+        for (int j = 0; j < face.Count; ++j)
+            if (face.Index[std::size_t(j)] < 0 || face.Index[std::size_t(j)] >= model.VertexCount)
+                return false;
+    }
+    return true;
+}
+
 }  // namespace kirameki

@@ -1,6 +1,7 @@
 #include "model/model_builder.h"
 
 #include <algorithm>
+#include <cassert>
 
 #include "model/cut_generators.h"
 #include "model/generator_tools.h"
@@ -115,6 +116,7 @@ void BuildModel(int modelIndex, const ModelParameters& parameters, GemModel& mod
         return;
     if (!Generate(modelIndex, parameters, model))
         return;
+    assert(IsWellFormed(model));
     std::copy_n(model.ModelVertices.begin(), model.VertexCount, model.ViewVertices.begin());
 }
 

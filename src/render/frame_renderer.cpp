@@ -52,7 +52,7 @@ class RowRenderer {
         TraceResults r;
         const bool hit = Trace_TraceVector(origin, {0, 0, 1}, p_.outerIndex, p_.stoneIndex, 0, r0_,
                                            scene, r) != 0;
-        return MapPixel(hit, r.out4, r.out5, r.out6, r.out7, p_.backColour);
+        return MapPixel(hit, r.highlight, r.colour[0], r.colour[1], r.colour[2], p_.backColour);
     }
 
     std::uint32_t FirePixel(Vec3 origin, const TraceScene& scene) const {

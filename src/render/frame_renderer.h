@@ -79,11 +79,11 @@ std::uint32_t FirePixel(Trace&& trace, double stoneIndex, double spread,
         hit = trace(stoneIndex * factor, r);
         if (!hit)
             break;
-        sums[0] += r.out5 * kFireWeights[i][0];
-        sums[1] += r.out6 * kFireWeights[i][1];
-        sums[2] += r.out7 * kFireWeights[i][2];
+        sums[0] += r.colour[0] * kFireWeights[i][0];
+        sums[1] += r.colour[1] * kFireWeights[i][1];
+        sums[2] += r.colour[2] * kFireWeights[i][2];
     }
-    return MapPixel(hit, r.out4, sums[0], sums[1], sums[2], backColour);
+    return MapPixel(hit, r.highlight, sums[0], sums[1], sums[2], backColour);
 }
 
 // Ray-traces the model (view vertices and face data of the current orientation) into the

@@ -1,6 +1,7 @@
 #include "render/tracer.h"
 
 #include <algorithm>
+#include <cassert>
 #include <cmath>
 #include <limits>
 
@@ -118,6 +119,10 @@ void PrepareEdges(const TraceScene& scene, int count) {
 
 void PrepareTracer(TraceScene& scene) {
     TracerFaceArea& area = scene.work->faces;
+    // The planes and edges are read from the face table's corners: the counts must be those
+    // of a well-formed model.
+    assert(scene.faceCount >= 0 && scene.faceCount <= kMaxFaces);
+    assert(scene.vertexCount >= 0 && scene.vertexCount <= kMaxVertices);
     const int count = std::clamp(scene.faceCount, 0, kMaxFaces);
     for (int i = 0; i < count; ++i) {
         const FaceRecord& face = scene.faceTable[i];
@@ -152,7 +157,7 @@ int Trace_TraceVector(Vec3 origin, Vec3 direction, double outerIndex, double sto
                       int startLevel, double normalReflectance, const TraceScene& scene,
                       TraceResults& results) {
     results = TraceResults{};
-    results.out2 = -1.0;
+    results.entryFace = -1;
     const TracerFaceArea& area = scene.work->faces;
     if (area.faceCount == 0)
         return 0;
@@ -197,24 +202,24 @@ int Trace_TraceVector(Vec3 origin, Vec3 direction, double outerIndex, double sto
     const Crossing leaving(stoneIndex, outerIndex, lift);
     Vec3 p = origin + d0 * tIn;
     const Vec3 n = PlaneNormal(area, entryFace);  // into the stone
-    results.out1 = tIn;
-    results.out2 = entryFace;
+    results.distance = tIn;
+    results.entryFace = entryFace;
 
     // At the entry face the light splits by Fresnel's law: the reflected part shows the main
     // light's highlight and the surroundings, the rest is refracted into the stone.
     const optics::Split in = entering.At(d0, n);
     double r = in.reflectance;
     const Vec3 reflected = optics::Reflect(d0, n);
-    results.out4 = r * lighting.Highlight(reflected);
+    results.highlight = r * lighting.Highlight(reflected);
     std::array<double, 3> light = lighting.Surroundings(reflected);
     for (double& channel : light)
         channel *= r;
 
     Vec3 d = in.direction;
     if (!in.refracted) {
-        results.out5 = light[0];
-        results.out6 = light[1];
-        results.out7 = light[2];
+        results.colour[0] = light[0];
+        results.colour[1] = light[1];
+        results.colour[2] = light[2];
         return 1;
     }
     std::array<double, 3> throughput = {1.0 - r, 1.0 - r, 1.0 - r};
@@ -243,6 +248,7 @@ int Trace_TraceVector(Vec3 origin, Vec3 direction, double outerIndex, double sto
                 break;
             t = std::max(Height(area, face, p), 0.0) / -rate;
         }
+        assert(face >= 0 && face < area.faceCount);
         if (memory && segments < int(memory->exitFaces.size())) {
             memory->exitFaces[segments] = face;
             memory->exitCount = segments + 1;
@@ -273,11 +279,11 @@ int Trace_TraceVector(Vec3 origin, Vec3 direction, double outerIndex, double sto
     const std::array<double, 3> average = lighting.Average();
     for (int c = 0; c < 3; ++c)
         light[c] += throughput[c] * average[c];
-    results.out3 = segments;
-    results.out5 = light[0];
-    results.out6 = light[1];
-    results.out7 = light[2];
-    results.out8 = pathLength;
+    results.segments = segments;
+    results.colour[0] = light[0];
+    results.colour[1] = light[1];
+    results.colour[2] = light[2];
+    results.pathLength = pathLength;
     return 1;
 }
 

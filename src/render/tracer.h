@@ -43,11 +43,6 @@ struct TracerEdgeArea {
     std::array<Line, kCapacity> lines{};
 };
 
-// Per-vertex scratch of the tracing contract, unused by the polyhedron tracer.
-struct TracerVertexArea {
-    std::array<double, 3 * kMaxVertices> values{};
-};
-
 // The faces the last ray of one thread met, in order: neighbouring pixels and the three
 // fire samples of a pixel mostly take the same path, so each face is first guessed from
 // here and confirmed against its edges; only a wrong or doubtful guess searches all planes.
@@ -81,7 +76,6 @@ struct TracerWorkAreas {
     TracerFaceArea faces;
     Lighting lighting;  // the lights of the frame, worked out once
     TracerEdgeArea edges;
-    TracerVertexArea vertices;
 };
 
 // Everything a ray is traced against that stays the same for a whole frame.
@@ -92,7 +86,6 @@ struct TraceScene {
     TracerWorkAreas* work = nullptr;
     std::int32_t vertexCount = 0;
     const Vec3* viewVertices = nullptr;
-    std::int32_t reserved = 0;
     std::int32_t depth = 8;                      // recursion depth, 1..20
     std::array<double, 3> stoneColour{};         // absorption of red, green, blue
     std::array<std::int32_t, 3> backColour{};    // 0..255
@@ -101,16 +94,14 @@ struct TraceScene {
     TracerPathMemory* memory = nullptr;  // one per thread; none: every face is searched
 };
 
-// The eight results of one ray.
+// What one ray brings back.
 struct TraceResults {
-    double out1 = 0.0;  // distance along the ray to the stone's surface (0 on a miss)
-    double out2 = 0.0;  // the face the ray entered through (-1 on a miss)
-    double out3 = 0.0;  // the number of segments traced inside the stone
-    double out4 = 0.0;  // the main light's white highlight, reflected at the entry face
-    double out5 = 0.0;  // red light leaving the stone toward the eye
-    double out6 = 0.0;  // green
-    double out7 = 0.0;  // blue
-    double out8 = 0.0;  // total path length inside the stone
+    double distance = 0.0;   // along the ray to the stone's surface (0 on a miss)
+    int entryFace = -1;      // the face the ray entered through (-1 on a miss)
+    int segments = 0;        // the number of segments traced inside the stone
+    double highlight = 0.0;  // the main light's white highlight, reflected at the entry face
+    std::array<double, 3> colour{};  // red, green and blue light leaving toward the eye
+    double pathLength = 0.0;         // total path length inside the stone
 };
 
 // Copies the face planes of the current orientation and the lights into the work area.

@@ -28,7 +28,7 @@ TEST(FirePixel, AMissOnTheLastSampleGivesTheBackColour) {
     std::vector<double> indices;
     const auto thirdMisses = [&](double index, TraceResults& r) {
         indices.push_back(index);
-        r.out5 = r.out6 = r.out7 = 0.05;
+        r.colour[0] = r.colour[1] = r.colour[2] = 0.05;
         return indices.size() < 3;
     };
     EXPECT_EQ(FirePixel(thirdMisses, 2.0, 0.025, back), PackRgb(1, 2, 3));
@@ -42,8 +42,8 @@ TEST(FirePixel, AMissOnTheLastSampleGivesTheBackColour) {
     EXPECT_EQ(calls, 1);
     // All hit: each channel's weights sum to one, so equal samples give the plain pixel.
     const auto allHit = [&](double, TraceResults& r) {
-        r.out4 = 0.0;
-        r.out5 = r.out6 = r.out7 = 0.05;
+        r.highlight = 0.0;
+        r.colour[0] = r.colour[1] = r.colour[2] = 0.05;
         return true;
     };
     EXPECT_EQ(FirePixel(allHit, 2.0, 0.025, back), MapPixel(true, 0.0, 0.05, 0.05, 0.05, back));
