@@ -59,8 +59,8 @@ TEST_P(EveryEntry, IsAValidStoneWithTheListedCounts) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(CutList, EveryEntry, ::testing::ValuesIn(kEntries), [](const auto& info) {
-    return "Entry" + std::to_string(info.param.index);
+INSTANTIATE_TEST_SUITE_P(CutList, EveryEntry, ::testing::ValuesIn(kEntries), [](const auto& entry) {
+    return "Entry" + std::to_string(entry.param.index);
 });
 
 TEST(BuildModel, SeparatorAndOutOfRangeEntriesChangeNothing) {

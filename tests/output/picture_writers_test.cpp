@@ -173,7 +173,7 @@ TEST_F(PictureFiles, EveryFormatReadsBackAsWritten) {
             for (int c = 0; c < 3; ++c)
                 totalError += std::abs(Channel(d.rgb[i], c) - Channel(source, c));
         }
-        EXPECT_LT(totalError / (61.0 * 47 * 3), 3.0);
+        EXPECT_LT(double(totalError) / (61.0 * 47 * 3), 3.0);
         if (number == 3 || number == 6 || number == 7) {
             EXPECT_EQ(d.rgb[0], background);
         }
