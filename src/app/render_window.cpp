@@ -3,11 +3,13 @@
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QPainter>
+#include <QScreen>
+#include <algorithm>
 #include <cmath>
 
 namespace kirameki {
 
-RenderWindow::RenderWindow(QWidget* parent) : QWidget(parent, Qt::Window) {
+RenderWindow::RenderWindow(QWidget* owner) : QWidget(owner, Qt::Window), owner_(owner) {
     setObjectName("RenderWnd");
     setWindowTitle(tr("Render Window"));
 }
@@ -24,9 +26,40 @@ void RenderWindow::Prepare(int size, bool topMost) {
         picture_ = QImage(size, size, QImage::Format_RGB32);
         picture_.fill(Qt::black);
     }
-    setWindowFlag(Qt::WindowStaysOnTopHint, topMost);
+    // Owned by the main window, the window manager keeps it above that window and nothing
+    // else (dialogs and other programs stay in front); on its own the main window may cover it.
+    QWidget* parent = topMost ? owner_ : nullptr;
+    if (parentWidget() != parent) {
+        const bool wasPlaced = placed_;
+        const QPoint at = pos();
+        setParent(parent, Qt::Window);
+        if (wasPlaced)
+            move(at);
+    }
+    if (!placed_ && owner_) {
+        const QScreen* screen = owner_->screen();
+        move(BesidePosition(owner_->frameGeometry(), QWidget::size(),
+                            screen ? screen->availableGeometry() : QRect()));
+        placed_ = true;
+    }
     show();
     raise();
+}
+
+QPoint RenderWindow::BesidePosition(const QRect& owner, QSize window, const QRect& screen) {
+    constexpr int kGap = 8;  // room for the window manager's frame
+    const int width = window.width() + kGap;
+    int x = owner.right() + 1 + kGap;
+    if (screen.isValid() && x + width > screen.right() + 1) {
+        x = owner.left() - width;
+        if (x < screen.left())
+            x = std::max(screen.left(), screen.right() + 1 - width);
+    }
+    int y = owner.top();
+    if (screen.isValid())
+        y = std::clamp(y, screen.top(),
+                       std::max(screen.top(), screen.bottom() + 1 - window.height()));
+    return {x, y};
 }
 
 void RenderWindow::AddRows(const QImage& strip, int first, int size, bool show) {

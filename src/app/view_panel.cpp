@@ -16,10 +16,12 @@ QRect ViewPanel::ImageRect(int size) const {
     return QRect((width() - size) / 2, (height() - size) / 2, size, size);
 }
 
-void ViewPanel::ShowPreview(const QImage& preview, int imageSize) {
+void ViewPanel::ShowPreview(const QImage& preview, int imageSize, bool keepRender) {
     preview_ = preview;
-    imageSize_ = imageSize;
-    showsRender_ = false;
+    if (!keepRender) {
+        imageSize_ = imageSize;
+        showsRender_ = false;
+    }
     update();
 }
 

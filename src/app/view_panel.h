@@ -13,7 +13,10 @@ class ViewPanel : public QWidget {
   public:
     explicit ViewPanel(QWidget* parent = nullptr);
 
-    void ShowPreview(const QImage& preview, int imageSize);
+    // A new surface model; it replaces a rendered picture unless keepRender is set (a
+    // refresh for a new panel size only moves the picture).
+    void ShowPreview(const QImage& preview, int imageSize, bool keepRender = false);
+    bool TrimmingFrameShown() const { return trimmingShown_; }
     void BeginRender(int size);
     void AddRows(const QImage& strip, int first, int size, bool show = true);
     // Margins (top, bottom, left, right) of the trimming frame; all negative hides it.

@@ -2,6 +2,8 @@
 
 #include <filesystem>
 
+#include "output/messages.h"
+
 namespace kirameki {
 
 // The keyboard thread posts straight into the worker's queue.
@@ -63,6 +65,13 @@ bool ViewerSession::SaveSettings(std::string& error) const {
     std::filesystem::create_directories(std::filesystem::path(paths_.settingsFile).parent_path(),
                                         ignored);
     return kirameki::SaveSettings(paths_.settingsFile, settings_, error);
+}
+
+void ViewerSession::Persist() {
+    Commit();
+    std::string error;
+    if (!SaveSettings(error))
+        prompter_.Tell(messages::kFailedToOpenFile, true);
 }
 
 }  // namespace kirameki

@@ -33,6 +33,9 @@ class ViewerSession {
     void Commit();
 
     bool SaveSettings(std::string& error) const;
+    // Commits and writes the settings file now (a setting confirmed with OK survives a
+    // crash); a failed write says "Failed to open file.".
+    void Persist();
 
     const ProgramPaths& Paths() const { return paths_; }
     SharedScene& Scene() { return scene_; }

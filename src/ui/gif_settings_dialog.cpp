@@ -65,7 +65,7 @@ bool GifSettingsDialog::Store(AppSettings& s) {
 }
 
 void GifSettingsDialog::RestoreDefaults() {
-    if (!prompter_.AskYesNo(kRestoreDefaultQuestion))
+    if (!prompter_.AskYesNo(kRestoreDefaultQuestion, DefaultAnswer::kYes))
         return;
     const AppSettings defaults = Defaults();
     Show(defaults.gifOption1, defaults.gifOption2);

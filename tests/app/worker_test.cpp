@@ -65,7 +65,7 @@ class ScriptedPrompter : public Prompter {
   public:
     bool answer = false;
     int asked = 0;
-    bool AskYesNo(const std::string&) override {
+    bool AskYesNo(const std::string&, DefaultAnswer) override {
         ++asked;
         return answer;
     }

@@ -24,8 +24,10 @@ class ScriptedPrompter : public Prompter {
   public:
     bool answer = false;
     QStringList asked, told;
-    bool AskYesNo(const std::string& text) override {
+    QList<DefaultAnswer> presets;  // the default button of each question asked
+    bool AskYesNo(const std::string& text, DefaultAnswer preset) override {
         asked << QString::fromStdString(text);
+        presets << preset;
         return answer;
     }
     void Tell(const std::string& text, bool) override { told << QString::fromStdString(text); }
@@ -131,6 +133,7 @@ class DialogsTest : public QObject {
         Click(*dialog, "default");
         if (!question.isEmpty()) {
             QCOMPARE(prompter.asked, QStringList{question});
+            QCOMPARE(prompter.presets.value(0), DefaultAnswer::kYes);  // Enter restores
             Click(*dialog, "ok");
             QVERIFY(Same(dialog->Result(), opened));
             prompter.answer = true;
