@@ -82,15 +82,17 @@ QString Frame(const QString& stem, int index, int count) {
 
 // A render long enough to act during it.
 void SlowRender(AppSettings& s) {
-    s.imageSize = 200;
+    s.imageSize = 512;
     s.option4 = 1;
     s.recursionDepth = 20;
 }
 
+// The spy counts on the worker thread; the window takes the end when its event arrives.
 void Render(Viewer& v) {
     QSignalSpy finished(&v.session->Sink(), &QtWorkerSink::renderFinished);
     v.window->RequestRender();
     QTRY_VERIFY_WITH_TIMEOUT(finished.count() == 1, 60000);
+    QTRY_VERIFY(!v.session->Client().Rendering());
 }
 
 // Calls the step until the worker takes it (it refuses while the previous one runs).
@@ -436,6 +438,120 @@ class ViewerBehaviourTest : public QObject {
         QVERIFY(v.prompter.told.isEmpty());
         QTRY_VERIFY_WITH_TIMEOUT(finished.count() == 1, 20000);
         QCOMPARE(v.session->Settings().refractiveIndex, 2.42);
+    }
+
+    // Keys turn the stone only when nothing else wants them: typing in the index field
+    // types, the arrows move in an open list.
+    void KeysTurnOnlyWhenNoEditorHasThem() {
+        Viewer v(Folder("keys"), [](AppSettings&) {});
+        MainWindow& w = *v.window;
+        w.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&w));
+        KeyStateTable& keys = v.session->Keys();
+        QLineEdit& field = w.IndexField();
+        field.setFocus();
+        QTest::keyPress(&field, Qt::Key_X, Qt::NoModifier);
+        QVERIFY(!keys.IsDown(Key::kX));
+        QVERIFY(field.text().endsWith("x"));
+        QTest::keyRelease(&field, Qt::Key_X, Qt::NoModifier);
+        w.CutList().showPopup();
+        QTRY_VERIFY(QApplication::activePopupWidget());
+        QTest::keyPress(QApplication::activePopupWidget(), Qt::Key_Down);
+        QVERIFY(!keys.IsDown(Key::kDown));
+        QTest::keyRelease(QApplication::activePopupWidget(), Qt::Key_Down);
+        w.CutList().hidePopup();
+        QTRY_VERIFY(!QApplication::activePopupWidget());
+        w.setFocus();
+        QTest::keyPress(&w, Qt::Key_X);
+        QVERIFY(keys.IsDown(Key::kX));
+        QTest::keyRelease(&w, Qt::Key_X);
+        QVERIFY(!keys.IsDown(Key::kX));
+    }
+
+    // The menus' shortcuts, and Enter in the index field, do what their items do.
+    void ShortcutsRenderAbortAndSave() {
+        const QString folder = Folder("shortcuts");
+        Viewer v(folder, [](AppSettings& s) { SlowRender(s); });
+        MainWindow& w = *v.window;
+        w.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&w));
+        QSignalSpy finished(&v.session->Sink(), &QtWorkerSink::renderFinished);
+        w.setFocus();
+        QTest::keyClick(&w, Qt::Key_F5);
+        QVERIFY(v.session->Client().Rendering());
+        v.prompter.answer = true;
+        QTest::keyClick(&w, Qt::Key_Escape);
+        QCOMPARE(v.prompter.asked, QStringList{kNowRendering});
+        QTRY_VERIFY_WITH_TIMEOUT(!v.session->Client().Rendering(), 60000);
+        v.session->Settings().option4 = 0;
+        v.session->Settings().imageSize = 32;
+        QTest::keyClick(&w, Qt::Key_R, Qt::ControlModifier);
+        QTRY_VERIFY_WITH_TIMEOUT(finished.count() == 2, 20000);
+        QTRY_VERIFY(!v.session->Client().Rendering());
+
+        w.IndexField().setFocus();
+        QTest::keyClick(&w.IndexField(), Qt::Key_Return);
+        QTRY_VERIFY_WITH_TIMEOUT(finished.count() == 3, 20000);
+        QTRY_VERIFY(!v.session->Client().Rendering());
+        QTest::keyClick(&w, Qt::Key_S, Qt::ControlModifier);
+        QCOMPARE(v.files.titles, QStringList{"Save Screen Shot"});
+        QCOMPARE(MenuAction(w, "Exit (&X)").shortcut(), QKeySequence("Ctrl+Q"));
+    }
+
+    // Nothing moves when the abort button comes and goes: a click aimed at HQ after a
+    // render lands on HQ.
+    void HqStaysInPlaceAroundARender() {
+        Viewer v(Folder("hq"), [](AppSettings& s) { SlowRender(s); });
+        MainWindow& w = *v.window;
+        const QRect hq = w.HqButton().geometry();
+        QSignalSpy finished(&v.session->Sink(), &QtWorkerSink::renderFinished);
+        w.RequestRender();
+        QTRY_VERIFY(w.ProgressButton().isVisible());
+        QCOMPARE(w.HqButton().geometry(), hq);
+        QTRY_VERIFY_WITH_TIMEOUT(finished.count() == 1, 60000);
+        QTRY_VERIFY(!w.ProgressButton().isVisible());
+        QCOMPARE(w.HqButton().geometry(), hq);
+        QTest::mouseClick(&w.HqButton(), Qt::LeftButton);  // HQ was on for the render
+        QVERIFY(!w.HqButton().isChecked());
+        QCOMPARE(v.session->Settings().option4, 0);
+    }
+
+    // A setting confirmed with OK is on disk at once, not only when the viewer closes.
+    void OkWritesTheSettingsFile() {
+        const QString folder = Folder("ok");
+        Viewer v(folder, [](AppSettings&) {});
+        ModalAnswers answers;
+        v.session->Settings().recursionDepth = 13;
+        MenuAction(*v.window, "General Settings (&S)").trigger();
+        AppSettings onDisk;
+        LoadSettings((folder + "/Setting.ini").toStdString(), onDisk, {});
+        QCOMPARE(onDisk.recursionDepth, 13);
+    }
+
+    // The render window opens beside the main window, and "on top" makes it the main
+    // window's own (above it, not above everything).
+    void RenderWindowBesideTheMainWindow() {
+        const QRect screen(0, 0, 1920, 1080);
+        QCOMPARE(RenderWindow::BesidePosition(QRect(100, 50, 800, 600), QSize(300, 300), screen),
+                 QPoint(908, 50));
+        QCOMPARE(RenderWindow::BesidePosition(QRect(1200, 50, 600, 600), QSize(300, 300), screen),
+                 QPoint(892, 50));
+        QCOMPARE(RenderWindow::BesidePosition(QRect(0, 900, 1900, 600), QSize(300, 300), screen),
+                 QPoint(1612, 780));
+
+        Viewer v(Folder("beside"), [](AppSettings& s) {
+            s.imageSize = 32;
+            s.separateRenderWindow = 1;
+            s.renderWindowTopMost = 1;
+        });
+        Render(v);
+        RenderWindow& render = v.window->Render();
+        QVERIFY(render.isVisible());
+        QCOMPARE(render.parentWidget(), v.window.get());
+        QVERIFY(!(render.windowFlags() & Qt::WindowStaysOnTopHint));
+        v.window->TopMostAction().trigger();
+        Render(v);
+        QCOMPARE(render.parentWidget(), nullptr);
     }
 
     // The help text is set in a proportional sans-serif face (Verdana where installed).
