@@ -1049,6 +1049,11 @@ Top + Bottom and Left + Right must each be smaller than the image size.</source>
 <context>
     <name>kirameki::SettingDialog</name>
     <message>
+        <location filename="../src/ui/setting_dialog.cpp" line="87"/>
+        <source>Only %1 to %2</source>
+        <translation>%1 ～ %2 の範囲のみ</translation>
+    </message>
+    <message>
         <location filename="../src/ui/setting_dialog.cpp" line="29"/>
         <source>Default (&amp;D)</source>
         <translation>初期値 (&amp;D)</translation>

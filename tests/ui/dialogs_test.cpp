@@ -159,7 +159,10 @@ class DialogsTest : public QObject {
         Child<QCheckBox>(dialog, "targetPicture").setChecked(false);
         Child<QCheckBox>(dialog, "trimming").setChecked(true);
         Child<QSpinBox>(dialog, "trimLeft").setValue(30);
-        Type(Child<QSpinBox>(dialog, "depth"), "25");  // beyond Max=20
+        QLabel& range = Child<QLabel>(dialog, "depthRange");
+        QCOMPARE(range.text(), QString("( 1 - 20 )"));
+        Type(Child<QSpinBox>(dialog, "depth"), "25");     // beyond Max=20
+        QCOMPARE(range.text(), QString("Only 1 to 20"));  // says why the 5 went nowhere
         Click(dialog, "ok");
         const AppSettings& r = dialog.Result();
         QCOMPARE(r.recursionDepth, 2);  // "25" stops at "2": the box refuses the 5
@@ -264,7 +267,10 @@ class DialogsTest : public QObject {
         CaptureHeaderDialog capture(Defaults(), prompter);
         QCOMPARE(capture.objectName(), QString("HeaderSettingWnd"));
         capture.show();
+        Type(Child<QSpinBox>(capture, "frames"), "0");
+        QCOMPARE(Child<QLabel>(capture, "framesRange").text(), QString("Only 1 to 100000"));
         Type(Child<QSpinBox>(capture, "frames"), "360");
+        QCOMPARE(Child<QLabel>(capture, "framesRange").text(), QString());
         Click(capture, "ok");
         QCOMPARE(capture.Result().captureFrames, 360);
 
