@@ -19,9 +19,13 @@ int RenderWindow::Margin(int size) {
 }
 
 void RenderWindow::Prepare(int size, bool topMost) {
-    if (size != size_) {
+    // The picture shows at its true pixel size: on a HiDPI screen it takes fewer logical
+    // pixels rather than being resampled.
+    const qreal ratio = devicePixelRatioF();
+    if (size != size_ || ratio != ratio_) {
         size_ = size;
-        const int side = size + 2 * Margin(size);
+        ratio_ = ratio;
+        const int side = int(std::ceil(size / ratio)) + 2 * Margin(size);
         setFixedSize(side, side);
         picture_ = QImage(size, size, QImage::Format_RGB32);
         picture_.fill(Qt::black);
@@ -75,7 +79,9 @@ void RenderWindow::AddRows(const QImage& strip, int first, int size, bool show) 
 void RenderWindow::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), QColor(40, 40, 48));
-    painter.drawImage(Margin(size_), Margin(size_), picture_);
+    const qreal ratio = devicePixelRatioF();
+    painter.drawImage(
+        QRectF(QPointF(Margin(size_), Margin(size_)), QSizeF(picture_.size()) / ratio), picture_);
 }
 
 void RenderWindow::contextMenuEvent(QContextMenuEvent* event) {

@@ -33,6 +33,7 @@ class RenderWindow : public QWidget {
     QWidget* owner_;
     QImage picture_;
     int size_ = 0;
+    qreal ratio_ = 1.0;  // the device pixel ratio the window was sized for
     bool placed_ = false;
 };
 
