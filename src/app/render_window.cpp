@@ -30,13 +30,15 @@ void RenderWindow::Prepare(int size, bool topMost) {
         picture_ = QImage(size, size, QImage::Format_RGB32);
         picture_.fill(Qt::black);
     }
-    // Owned by the main window, the window manager keeps it above that window and nothing
-    // else (dialogs and other programs stay in front); on its own the main window may cover it.
+    // On top: a dialog-type window of the main window, which window managers keep above
+    // that window and nothing else (dialogs and other programs stay in front). Otherwise a
+    // window of its own that the main window may cover.
     QWidget* parent = topMost ? owner_ : nullptr;
-    if (parentWidget() != parent) {
+    const Qt::WindowType type = topMost ? Qt::Dialog : Qt::Window;
+    if (parentWidget() != parent || windowType() != type) {
         const bool wasPlaced = placed_;
         const QPoint at = pos();
-        setParent(parent, Qt::Window);
+        setParent(parent, type);
         if (wasPlaced)
             move(at);
     }
@@ -56,8 +58,10 @@ QPoint RenderWindow::BesidePosition(const QRect& owner, QSize window, const QRec
     int x = owner.right() + 1 + kGap;
     if (screen.isValid() && x + width > screen.right() + 1) {
         x = owner.left() - width;
+        // No room on either side: cover the view panel (the owner's left part), never its
+        // controls, which stay in reach.
         if (x < screen.left())
-            x = std::max(screen.left(), screen.right() + 1 - width);
+            x = screen.left();
     }
     int y = owner.top();
     if (screen.isValid())

@@ -16,7 +16,8 @@ class RenderWindow : public QWidget {
 
     static int Margin(int size);
     // Where a window of the given size goes beside the owner's frame: to its right when it
-    // fits on the screen, else to its left, else as far right as the screen allows.
+    // fits on the screen, else to its left, else at the screen's left edge (over the view
+    // panel, leaving the controls free).
     static QPoint BesidePosition(const QRect& owner, QSize window, const QRect& screen);
     void Prepare(int size, bool topMost);
     void AddRows(const QImage& strip, int first, int size, bool show = true);
