@@ -561,26 +561,6 @@ Top + Bottom and Left + Right must each be smaller than the image size.</source>
         <source>Drag to turn the light ray</source>
         <translation>ドラッグで光線の向きを変えます</translation>
     </message>
-    <message>
-        <location filename="../src/app/light_area.cpp" line="49"/>
-        <source>object</source>
-        <translation>物体</translation>
-    </message>
-    <message>
-        <location filename="../src/app/light_area.cpp" line="52"/>
-        <source>view point</source>
-        <translation>視点</translation>
-    </message>
-    <message>
-        <location filename="../src/app/light_area.cpp" line="55"/>
-        <source>light ray</source>
-        <translation>光線</translation>
-    </message>
-    <message>
-        <location filename="../src/app/light_area.cpp" line="58"/>
-        <source>-</source>
-        <translation>-</translation>
-    </message>
 </context>
 <context>
     <name>kirameki::MainWindow</name>
@@ -598,6 +578,16 @@ Top + Bottom and Left + Right must each be smaller than the image size.</source>
         <location filename="../src/app/main_window.cpp" line="92"/>
         <source>Exit (&amp;X)</source>
         <translation>終了 (&amp;X)</translation>
+    </message>
+    <message>
+        <location filename="../src/app/main_window.cpp" line="112"/>
+        <source>Ray-Trace (&amp;R)</source>
+        <translation>レイトレース (&amp;R)</translation>
+    </message>
+    <message>
+        <location filename="../src/app/main_window.cpp" line="115"/>
+        <source>Abort Rendering (&amp;A)</source>
+        <translation>レンダリングを中止 (&amp;A)</translation>
     </message>
     <message>
         <location filename="../src/app/main_window.cpp" line="94"/>
@@ -1058,6 +1048,11 @@ Top + Bottom and Left + Right must each be smaller than the image size.</source>
 </context>
 <context>
     <name>kirameki::SettingDialog</name>
+    <message>
+        <location filename="../src/ui/setting_dialog.cpp" line="87"/>
+        <source>Only %1 to %2</source>
+        <translation>%1 ～ %2 の範囲のみ</translation>
+    </message>
     <message>
         <location filename="../src/ui/setting_dialog.cpp" line="29"/>
         <source>Default (&amp;D)</source>

@@ -9,4 +9,8 @@ namespace kirameki {
 // down turns it down.
 void TurnByDrag(OrientationFrame& frame, int dx, int dy, int span);
 
+// The light-ray area's drag: across turns about the view's Y axis, up and down about the
+// light's own X axis, as the held keys do.
+void TurnLightByDrag(OrientationFrame& light, int dx, int dy, int span);
+
 }  // namespace kirameki

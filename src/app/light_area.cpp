@@ -2,7 +2,9 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPainterPath>
 #include <QRadialGradient>
+#include <cmath>
 
 #include "app/worker_sink.h"
 
@@ -18,6 +20,11 @@ void LightArea::SetLight(double x, double y, double z) {
     light_[0] = x;
     light_[1] = y;
     light_[2] = z;
+    update();
+}
+
+void LightArea::SetViewPointPicture(bool shown) {
+    viewPointPicture_ = shown;
     update();
 }
 
@@ -43,23 +50,59 @@ void LightArea::paintEvent(QPaintEvent*) {
     painter.drawEllipse(centre, radius, radius);
     painter.setPen(QPen(QColor(255, 220, 90), 2));
     painter.drawLine(highlight, centre);
-    QString label;
+    DrawTarget(painter);
+}
+
+void LightArea::DrawTarget(QPainter& painter) const {
+    const QRectF box = TargetRect();
+    const QPointF c = box.center();
+    painter.setBrush(Qt::NoBrush);
     switch (target_) {
-        case kTargetObject:
-            label = tr("object");
+        case kTargetObject: {
+            // A cut stone from the side: table, crown and a pointed pavilion.
+            const QPolygonF stone({{c.x() - 8, c.y() - 11},
+                                   {c.x() + 8, c.y() - 11},
+                                   {c.x() + 16, c.y() - 4},
+                                   {c.x(), c.y() + 13},
+                                   {c.x() - 16, c.y() - 4}});
+            painter.setPen(QPen(QColor(150, 210, 255), 1.5));
+            painter.setBrush(QColor(60, 110, 170));
+            painter.drawPolygon(stone);
+            painter.drawLine(QPointF(c.x() - 16, c.y() - 4), QPointF(c.x() + 16, c.y() - 4));
             break;
-        case kTargetViewPoint:
-            label = tr("view point");
+        }
+        case kTargetViewPoint: {
+            if (!viewPointPicture_)
+                break;
+            // An eye.
+            QPainterPath eye;
+            eye.moveTo(c.x() - 18, c.y());
+            eye.quadTo(c.x(), c.y() - 16, c.x() + 18, c.y());
+            eye.quadTo(c.x(), c.y() + 16, c.x() - 18, c.y());
+            painter.setPen(QPen(QColor(230, 230, 230), 1.5));
+            painter.setBrush(QColor(240, 240, 235));
+            painter.drawPath(eye);
+            painter.setBrush(QColor(70, 130, 90));
+            painter.drawEllipse(c, 6, 6);
+            painter.setBrush(Qt::black);
+            painter.drawEllipse(c, 2.5, 2.5);
             break;
-        case kTargetLight:
-            label = tr("light ray");
+        }
+        case kTargetLight: {
+            // A sun with its rays.
+            painter.setPen(QPen(QColor(255, 220, 90), 2));
+            for (int i = 0; i < 8; ++i) {
+                const double a = i * 3.14159265358979323846 / 4;
+                painter.drawLine(QPointF(c.x() + 8 * std::cos(a), c.y() + 8 * std::sin(a)),
+                                 QPointF(c.x() + 13 * std::cos(a), c.y() + 13 * std::sin(a)));
+            }
+            painter.setBrush(QColor(255, 210, 60));
+            painter.drawEllipse(c, 6, 6);
             break;
+        }
         default:
-            label = tr("-");
-            break;
+            break;  // nothing turned yet, or the view was reset
     }
-    painter.setPen(QColor(200, 200, 210));
-    painter.drawText(QRect(0, 110, width(), 24), Qt::AlignCenter, label);
 }
 
 void LightArea::mousePressEvent(QMouseEvent* event) {

@@ -1,10 +1,13 @@
 #include "app/main_window.h"
 
+#include <QAbstractItemView>
+#include <QAbstractSpinBox>
 #include <QActionGroup>
 #include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QFontDatabase>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -13,11 +16,14 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QTextEdit>
 #include <QVBoxLayout>
 #include <cstdio>
 
+#include "app/index_text.h"
 #include "app/light_area.h"
 #include "app/output_flows.h"
 #include "app/render_window.h"
@@ -51,6 +57,33 @@ QString IndexText(double index) {
     return QString::number(index, 'f', 2);
 }
 
+// The information panel's font: Verdana (a Japanese Gothic in Japanese) where installed,
+// else the system's sans-serif.
+QFont InfoFont() {
+    const QStringList wanted =
+        Japanese() ? QStringList{"ＭＳ Ｐゴシック", "MS PGothic"} : QStringList{"Verdana"};
+    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+    for (const QString& family : wanted) {
+        if (QFontDatabase::hasFamily(family)) {
+            font.setFamilies({family});
+            break;
+        }
+    }
+    font.setStyleHint(QFont::SansSerif);
+    font.setPointSizeF(8.0);
+    return font;
+}
+
+// Typing in an edit box or moving in a list must not turn the stone as well.
+bool TakesKeys(const QWidget* widget) {
+    return qobject_cast<const QLineEdit*>(widget) ||
+           qobject_cast<const QAbstractSpinBox*>(widget) ||
+           qobject_cast<const QAbstractItemView*>(widget) ||
+           qobject_cast<const QTextEdit*>(widget) || qobject_cast<const QPlainTextEdit*>(widget) ||
+           (qobject_cast<const QComboBox*>(widget) &&
+            static_cast<const QComboBox*>(widget)->isEditable());
+}
+
 }  // namespace
 
 MainWindow::MainWindow(ViewerSession& session, FileChooser& files, QWidget* parent)
@@ -68,30 +101,36 @@ MainWindow::MainWindow(ViewerSession& session, FileChooser& files, QWidget* pare
         session_, this, files, [this] { return CheckRefractiveIndex(); },
         [this] {
             ShowChoice();
-            UpdateInfo();
+            ShowToggles();
         });
     connect(renderWindow_, &RenderWindow::screenShotRequested, this,
             [this] { flows_->SaveScreenShot(renderWindow_); });
     FillLists();
     ShowChoice();
-    {
-        const AppSettings& s = session_.Settings();
-        panel_->SetTrimmingFrame(s.option6 != 0 && s.trimming[4] != 0, s.trimming[0], s.trimming[1],
-                                 s.trimming[2], s.trimming[3]);
-    }
-    UpdateInfo();
+    ShowToggles();
     ConnectWorker();
     setFocusPolicy(Qt::StrongFocus);
     qApp->installEventFilter(this);
     resize(1040, 700);
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow() {
+    // Without "on top" the render window is a window of its own, not one of ours.
+    if (renderWindow_ && !renderWindow_->parent())
+        delete renderWindow_;
+}
 
 void MainWindow::BuildMenus() {
     AppSettings& s = session_.Settings();
     QMenu* file = menuBar()->addMenu(tr("File(&F)"));
-    file->addAction(tr("Exit (&X)"), this, &QWidget::close);
+    QAction* render = file->addAction(tr("Ray-Trace (&R)"), this, &MainWindow::RequestRender);
+    render->setShortcuts({QKeySequence(Qt::Key_F5), QKeySequence(Qt::CTRL | Qt::Key_R)});
+    QAction* abort =
+        file->addAction(tr("Abort Rendering (&A)"), this, [this] { session_.Client().Busy(); });
+    abort->setShortcut(QKeySequence(Qt::Key_Escape));
+    file->addSeparator();
+    QAction* exit = file->addAction(tr("Exit (&X)"), this, &QWidget::close);
+    exit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
 
     QMenu* view = menuBar()->addMenu(tr("View(&V)"));
     showTitle_ = view->addAction(tr("Show Title (&T)"));
@@ -121,6 +160,12 @@ void MainWindow::BuildMenus() {
         group->addAction(action);
         polygonColourActions_[i] = action;
         connect(action, &QAction::triggered, this, [this, i] {
+            if (session_.Client().Busy()) {
+                const int shown = session_.Settings().polygonColour;
+                if (IsPolygonColourIndex(shown))
+                    polygonColourActions_[shown]->setChecked(true);
+                return;
+            }
             session_.Settings().polygonColour = i;
             session_.Commit();
             session_.Client().Post(kRedrawPreview);
@@ -129,6 +174,8 @@ void MainWindow::BuildMenus() {
 
     QMenu* settings = menuBar()->addMenu(tr("Settings(&S)"));
     settings->addAction(tr("BackColor / Light Volume (&L)"), this, [this] {
+        if (session_.Client().Busy())
+            return;
         BackColorLightDialog dialog(session_.Settings(), session_.Prompts(), this);
         ApplySettingWindow(dialog, false);
     });
@@ -139,16 +186,22 @@ void MainWindow::BuildMenus() {
         ApplySettingWindow(dialog, false);
     });
     settings->addAction(tr("Transformable Models (&V)"), this, [this] {
+        if (session_.Client().Busy())
+            return;
         TransformableModelsDialog dialog(session_.Settings(), session_.Prompts(), this);
         ApplySettingWindow(dialog,
                            TransformableModelsDialog::IsTransformable(session_.Settings().model));
     });
     settings->addAction(tr("General Settings (&S)"), this, [this] {
+        if (session_.Client().Busy())
+            return;
         GeneralSettingsDialog dialog(session_.Settings(), session_.Prompts(), this);
         ApplySettingWindow(dialog, false);
     });
     QMenu* shot = menuBar()->addMenu(tr("Screen Shot(&T)"));
-    shot->addAction(tr("Save (&S)"), this, [this] { flows_->SaveScreenShot(this); });
+    QAction* save =
+        shot->addAction(tr("Save (&S)"), this, [this] { flows_->SaveScreenShot(this); });
+    save->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_S));
     shot->addAction(tr("Restore Position (&R)"), this, [this] { flows_->RestorePosition(); });
     QMenu* capture = menuBar()->addMenu(tr("Automatic Screen Capture(&P)"));
     capture->addAction(tr("New (&N)"), this, [this] { flows_->NewCapture(); });
@@ -237,8 +290,18 @@ QWidget* MainWindow::BuildControls() {
     hqButton_->setCheckable(true);
     hqButton_->setChecked(session_.Settings().option4 != 0);
     hqButton_->setToolTip(tr("High quality: render at twice the size and shrink"));
+    hqButton_->setObjectName("hq");
+    // Checked must be plain to see at a glance, in every style.
+    hqButton_->setStyleSheet(
+        "QPushButton#hq:checked { background-color: #2e7d32; color: white; font-weight: bold; "
+        "border: 1px solid #1b5e20; border-radius: 3px; padding: 4px; }");
     progressButton_ = new QPushButton(column);
     progressButton_->setToolTip(tr("Click to abort the render"));
+    // The abort button keeps its place when hidden: nothing moves under the pointer when a
+    // render ends, so a click meant for HQ lands on HQ.
+    QSizePolicy keep = progressButton_->sizePolicy();
+    keep.setRetainSizeWhenHidden(true);
+    progressButton_->setSizePolicy(keep);
     progressButton_->hide();
     renderRow->addWidget(renderButton_, 2);
     renderRow->addWidget(hqButton_, 1);
@@ -255,6 +318,7 @@ QWidget* MainWindow::BuildControls() {
     auto* infoRow = new QHBoxLayout;
     info_ = new QLabel(column);
     info_->setTextFormat(Qt::RichText);
+    info_->setFont(InfoFont());
     info_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     // The help scrolls rather than pushing the window taller than a small screen.
     auto* infoScroll = new QScrollArea(column);
@@ -273,6 +337,7 @@ QWidget* MainWindow::BuildControls() {
     connect(cutList_, qOverload<int>(&QComboBox::activated), this, &MainWindow::SelectCut);
     connect(colourList_, qOverload<int>(&QComboBox::activated), this, &MainWindow::SelectColour);
     connect(indexField_, &QLineEdit::editingFinished, this, &MainWindow::ReadBackIndex);
+    connect(indexField_, &QLineEdit::returnPressed, this, &MainWindow::RequestRender);
     return column;
 }
 
@@ -322,8 +387,7 @@ void MainWindow::UpdateInfo() {
     QStringList escaped;
     for (const QString& line : lines)
         escaped << (line.startsWith("<b>") ? line : line.toHtmlEscaped().replace(' ', "&nbsp;"));
-    info_->setText("<span style='font-family:monospace; font-size:8pt'>" + escaped.join("<br>") +
-                   "</span>");
+    info_->setText(escaped.join("<br>"));
 }
 
 void MainWindow::ConnectWorker() {
@@ -331,7 +395,11 @@ void MainWindow::ConnectWorker() {
     connect(
         &sink, &QtWorkerSink::previewReady, this,
         [this](const QImage& picture, int size, double x, double y, double z, int target, bool) {
-            panel_->ShowPreview(picture, size);
+            // A refresh for a new panel size keeps a rendered picture in view.
+            const bool keepRender = previewsKeepingRender_ > 0;
+            if (keepRender)
+                --previewsKeepingRender_;
+            panel_->ShowPreview(picture, size, keepRender);
             lightArea_->SetLight(x, y, z);
             lightArea_->SetTarget(target);
         });
@@ -361,6 +429,10 @@ void MainWindow::ConnectWorker() {
     connect(&sink, &QtWorkerSink::renderFinished, this, [this] {
         session_.Client().RenderFinished();
         progressButton_->hide();
+        if (panelRefreshPending_) {
+            panelRefreshPending_ = false;
+            RefreshPanel();
+        }
         panel_->update();
         renderWindow_->update();
     });
@@ -378,11 +450,37 @@ void MainWindow::ConnectWorker() {
     connect(lightArea_, &LightArea::released, this, [this] { session_.Client().EndDrag(); });
     connect(panel_, &ViewPanel::resized, this, [this](QSize size) {
         session_.Scene().SetPanel({size.width(), size.height()});
-        session_.Client().Post(kInvalidateViewPanel);
+        // A render's poll would swallow the refresh: it waits for the render to end.
+        if (session_.Client().Rendering())
+            panelRefreshPending_ = true;
+        else
+            RefreshPanel();
     });
 }
 
+void MainWindow::RefreshPanel() {
+    if (panel_->ShowsRender())
+        ++previewsKeepingRender_;
+    session_.Client().Post(kInvalidateViewPanel);
+}
+
+void MainWindow::ShowToggles() {
+    const AppSettings& s = session_.Settings();
+    const QSignalBlocker a(objectWise_), b(incremental_), c(hqButton_);
+    hqButton_->setChecked(s.option4 != 0);
+    objectWise_->setChecked(s.ObjectWiseMode != 0);
+    incremental_->setChecked(s.IncrementalViewMode != 0);
+    panel_->SetTrimmingFrame(s.option6 != 0 && s.trimming[4] != 0, s.trimming[0], s.trimming[1],
+                             s.trimming[2], s.trimming[3]);
+    lightArea_->SetViewPointPicture(s.targetPicture != 0);
+    UpdateInfo();
+}
+
 void MainWindow::SelectStone(int index) {
+    if (session_.Client().Busy()) {
+        ShowChoice();  // the list goes back to what the worker has
+        return;
+    }
     session_.Keyboard().Pause();
     StoneChoice choice;
     if (kirameki::SelectStone(choice, index)) {
@@ -399,6 +497,10 @@ void MainWindow::SelectStone(int index) {
 }
 
 void MainWindow::SelectCut(int index) {
+    if (session_.Client().Busy()) {
+        ShowChoice();
+        return;
+    }
     session_.Keyboard().Pause();
     if (HasGenerator(index)) {
         session_.Settings().model = index;
@@ -420,21 +522,17 @@ void MainWindow::SelectColour(int index) {
 }
 
 void MainWindow::ReadBackIndex() {
-    const auto value = ParseRefractiveIndex(indexField_->text().toStdString());
-    if (value) {
-        session_.Settings().refractiveIndex = ClampRefractiveIndex(*value);
-        session_.Commit();
-    }
+    const double value = LeadingNumber(indexField_->text().toStdString());
+    session_.Settings().refractiveIndex = ClampRefractiveIndex(value);
+    session_.Commit();
     ShowChoice();
 }
 
 bool MainWindow::CheckRefractiveIndex() {
-    const auto value = ParseRefractiveIndex(indexField_->text().toStdString());
-    if (value) {
-        session_.Settings().refractiveIndex = *value;
-        session_.Commit();
-    }
-    if (!value || !RefractiveIndexInRange(*value)) {
+    const double value = LeadingNumber(indexField_->text().toStdString());
+    session_.Settings().refractiveIndex = value;
+    session_.Commit();
+    if (!RefractiveIndexInRange(value)) {
         session_.Prompts().Tell(std::string(kRefractiveIndexRangeMessage), true);
         indexField_->setFocus();
         return false;
@@ -452,6 +550,10 @@ void MainWindow::RequestRender() {
 }
 
 void MainWindow::SetPanelToggle(bool objectWise, bool on) {
+    if (session_.Client().Busy()) {
+        ShowToggles();  // the boxes go back to what the worker has
+        return;
+    }
     AppSettings& s = session_.Settings();
     // The two toggles exclude each other; both may be off.
     if (objectWise) {
@@ -478,11 +580,8 @@ void MainWindow::ApplySettingWindow(SettingDialog& dialog, bool rebuild) {
     if (!accepted)
         return;
     session_.Settings() = dialog.Result();
-    session_.Commit();
-    const AppSettings& s = session_.Settings();
-    hqButton_->setChecked(s.option4 != 0);
-    panel_->SetTrimmingFrame(s.option6 != 0 && s.trimming[4] != 0, s.trimming[0], s.trimming[1],
-                             s.trimming[2], s.trimming[3]);
+    session_.Persist();  // confirmed with OK: on disk now, not only at exit
+    ShowToggles();
     // A rebuild redraws too; the other settings change only the look.
     session_.Client().Post(rebuild ? kBuildModel : kRedrawPreview);
 }
@@ -534,10 +633,23 @@ bool MainWindow::KeyEvent(QKeyEvent* event, bool down) {
     }
 }
 
+bool MainWindow::KeysTurnTheStone() const {
+    // Only over the viewer's own windows, with no menu or list open and no edit box taking
+    // the typing.
+    const QWidget* active = QApplication::activeWindow();
+    if (active != this && active != renderWindow_)
+        return false;
+    if (QApplication::activePopupWidget())
+        return false;
+    return !TakesKeys(QApplication::focusWidget());
+}
+
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
-    // Keys count wherever the focus is inside the program, as the keyboard thread expects;
-    // the event still goes on to the widget that has the focus.
-    if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease)
+    // Presses turn the stone only when no widget wants the key for itself; releases always
+    // count, so that a key held before the focus moved does not stay down. The event still
+    // goes on to the widget that has the focus.
+    if (event->type() == QEvent::KeyRelease ||
+        (event->type() == QEvent::KeyPress && KeysTurnTheStone()))
         KeyEvent(static_cast<QKeyEvent*>(event), event->type() == QEvent::KeyPress);
     return QMainWindow::eventFilter(watched, event);
 }

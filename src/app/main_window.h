@@ -44,6 +44,12 @@ class MainWindow : public QMainWindow {
     QAction& PolygonColourAction(int index) { return *polygonColourActions_[index]; }
     QAction& ShowTitleAction() { return *showTitle_; }
     QAction& TopMostAction() { return *topMost_; }
+    QPushButton& HqButton() { return *hqButton_; }
+    QCheckBox& ObjectWiseBox() { return *objectWise_; }
+    QCheckBox& IncrementalBox() { return *incremental_; }
+    QLabel& InfoLabel() { return *info_; }
+    LightArea& Light() { return *lightArea_; }
+    RenderWindow& Render() { return *renderWindow_; }
 
     // Closes without questions (the program was told to stop): a render is aborted, the
     // settings are written.
@@ -64,6 +70,12 @@ class MainWindow : public QMainWindow {
     QWidget* BuildControls();
     void FillLists();
     void ShowChoice();
+    // The HQ button, the panel toggles, the trimming frame and the target-picture option as
+    // the settings hold them (after a record or a setting window replaced them).
+    void ShowToggles();
+    // Redraws the panel at its new size (posted only while no render runs).
+    void RefreshPanel();
+    bool KeysTurnTheStone() const;
     void UpdateInfo();
     void ConnectWorker();
     void SelectStone(int index);
@@ -95,6 +107,8 @@ class MainWindow : public QMainWindow {
     QAction* topMost_ = nullptr;
     std::array<QAction*, 8> polygonColourActions_{};
     int progress_ = 0;
+    bool panelRefreshPending_ = false;  // resized while a render ran
+    int previewsKeepingRender_ = 0;     // refreshes under way that keep the render shown
     bool terminating_ = false;
 };
 

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QWidget>
 #include <filesystem>
 
@@ -11,6 +12,7 @@
 #include "model/stone_tables.h"
 #include "output/capture_info.h"
 #include "output/gif_compiler.h"
+#include "output/gif_files.h"
 #include "output/messages.h"
 #include "output/picture_writers.h"
 #include "output/render_settings.h"
@@ -48,6 +50,26 @@ QString Tr(const char* text) {
     QT_TRANSLATE_NOOP("OutputFlows", "GIF 256 Colors (*.gif)"),
 };
 
+// The extension of a screen-shot filter (1..7) without its dot: "bmp", "png" or "gif".
+QString FilterExtension(int filter) {
+    const std::string_view pattern = kPictureFormatFilters[std::clamp(filter, 1, 7) - 1].pattern;
+    return QString::fromUtf8(pattern.substr(2).data(), qsizetype(pattern.size() - 2));
+}
+
+// A file's extension must match what is written into it: a name without one, or with one
+// that is not a picture type, gets the filter's; a picture type other than the filter's is
+// replaced by it.
+QString WithFilterExtension(const QString& path, int filter) {
+    const QString extension = FilterExtension(filter);
+    const QFileInfo info(path);
+    const QString typed = info.suffix().toLower();
+    if (typed == extension)
+        return path;
+    if (typed == "bmp" || typed == "png" || typed == "gif")
+        return path.left(path.size() - typed.size()) + extension;
+    return path + "." + extension;
+}
+
 // A message with %s filled in, translated before the argument goes in.
 std::string Formatted(const char* text, const std::string& argument) {
     return QCoreApplication::translate("Messages", text)
@@ -66,14 +88,19 @@ QString DialogFileChooser::Choose(QWidget* owner, bool save, const QString& titl
     dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog.setNameFilters(filters);
     dialog.setDefaultSuffix(defaultSuffix);
-    if (filterIndex)
+    // The default extension is always that of the filter shown, from the start.
+    const auto suffixOf = [](const QString& filter) {
+        return filter.section("*.", 1).section(')', 0, 0);
+    };
+    if (filterIndex) {
         dialog.selectNameFilter(filters.value(*filterIndex - 1));
+        dialog.setDefaultSuffix(suffixOf(filters.value(*filterIndex - 1)));
+    }
     if (!suggested.isEmpty())
         dialog.selectFile(suggested);
     if (filterIndex) {
-        QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString& f) {
-            dialog.setDefaultSuffix(f.section("*.", 1).section(')', 0, 0));
-        });
+        QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
+                         [&](const QString& f) { dialog.setDefaultSuffix(suffixOf(f)); });
     }
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return {};
@@ -89,7 +116,18 @@ OutputFlows::OutputFlows(ViewerSession& session, QWidget* owner, FileChooser& fi
       owner_(owner),
       files_(files),
       checkIndex_(std::move(checkIndex)),
-      sceneChanged_(std::move(sceneChanged)) {}
+      sceneChanged_(std::move(sceneChanged)) {
+    // The dialogs open where files were chosen last, in this run or an earlier one.
+    shotBlock_.initialFolder = PathText(session_.Settings().screenShotFolder);
+    captureBlock_.initialFolder = PathText(session_.Settings().captureFolder);
+}
+
+void OutputFlows::RememberFolders() {
+    AppSettings& s = session_.Settings();
+    SetPath(s.screenShotFolder, shotBlock_.initialFolder);
+    SetPath(s.captureFolder, captureBlock_.initialFolder);
+    session_.Commit();
+}
 
 void OutputFlows::Tell(const std::string& text, bool warning) {
     session_.Prompts().Tell(text, warning);
@@ -103,9 +141,9 @@ std::string OutputFlows::Folder(const PathBlock& block, const std::string& fallb
     return fallback;
 }
 
-void OutputFlows::WriteRecord(const std::string& path) {
+void OutputFlows::WriteRecord(const std::string& path, const ViewState& orientation) {
     AppSettings settings = session_.Settings();
-    ViewState view = session_.Scene().ShownView();
+    ViewState view = orientation;
     std::string error;
     if (!WriteCaptureInfo(path, {settings, view, capture_}, error))
         Tell(messages::kFailedToOpenFile, true);
@@ -123,10 +161,12 @@ void OutputFlows::SaveScreenShot(QWidget* owner) {
     for (const PictureFormatFilter& f : kPictureFormatFilters)
         filters << QString("%1").arg(Tr(f.text));
     const std::string folder = Folder(shotBlock_, session_.Paths().screenShotsFolder);
-    const QString path = files_.Choose(owner, true, Tr("Save Screen Shot"), filters,
-                                       QString::fromStdString(folder), {}, &shotFilter_, "bmp");
-    if (path.isEmpty())
+    const QString chosen =
+        files_.Choose(owner, true, Tr("Save Screen Shot"), filters, QString::fromStdString(folder),
+                      {}, &shotFilter_, FilterExtension(shotFilter_));
+    if (chosen.isEmpty())
         return;
+    const QString path = WithFilterExtension(chosen, shotFilter_);
     const AppSettings& s = session_.Settings();
     FrameImage trimmed;
     if (s.trimming[4])
@@ -141,11 +181,12 @@ void OutputFlows::SaveScreenShot(QWidget* owner) {
         return;
     }
     ChoosePath(path.toStdString(), shotBlock_);
+    RememberFolders();
     if (!s.screenShotOption) {
         Tell(messages::kOnlyPictureSaved);
         return;
     }
-    WriteRecord(shotBlock_.fullPath + ".gpi");
+    WriteRecord(shotBlock_.fullPath + ".gpi", session_.Scene().ShownView());
     Tell(messages::kPictureAndPositionSaved);
 }
 
@@ -167,6 +208,9 @@ void OutputFlows::AdoptScene(const AppSettings& read, const ViewState& view) {
     if (taken.captureFrames < 1)
         taken.captureFrames = s.captureFrames;
     refused = SceneProblem(read);
+    // The folders are the viewer's, not the record's.
+    taken.screenShotFolder = s.screenShotFolder;
+    taken.captureFolder = s.captureFolder;
     s = taken;
     session_.Commit();
     session_.Scene().RequestView(view);
@@ -198,6 +242,7 @@ std::optional<OutputFlows::OpenedRecord> OutputFlows::OpenRecord(bool captureFil
         return std::nullopt;
     }
     ChoosePath(path.toStdString(), block);
+    RememberFolders();
     record.refused = read.refused;
     return record;
 }
@@ -208,6 +253,8 @@ void OutputFlows::RestorePosition() {
     const auto record = OpenRecord(false, false, shotBlock_);
     if (!record)
         return;
+    // Reading overwrites the scene in place: the capture counts travel with it.
+    capture_ = record->capture;
     AdoptScene(record->settings, record->view);
     if (!record->refused.empty())
         Tell(record->refused, true);
@@ -220,7 +267,7 @@ int OutputFlows::RunCaptureWindow(int firstFrame, bool existenceCheck) {
     run.frameCount = s.captureFrames;
     run.firstFrame = firstFrame;
     run.viewPointRotation = s.IncrementalViewMode != 0;
-    run.start = session_.Scene().ShownView();
+    run.start = runStart_;
     run.trimming = s.trimming[4] != 0;
     run.margins = {s.trimming[0], s.trimming[1], s.trimming[2], s.trimming[3]};
     run.background = BackgroundColourOf(s);
@@ -251,7 +298,7 @@ void OutputFlows::NewCapture() {
     if (header.exec() != QDialog::Accepted)
         return;
     session_.Settings().captureFrames = header.Result().captureFrames;
-    session_.Commit();
+    session_.Persist();
     const QString path = files_.Choose(
         owner_, true, Tr("Save Capture-Info File"), {Tr("Capture-Info File (*.sqi)")},
         QString::fromStdString(Folder(captureBlock_, session_.Paths().capturesFolder)), {}, nullptr,
@@ -259,10 +306,13 @@ void OutputFlows::NewCapture() {
     if (path.isEmpty())
         return;
     ChoosePath(path.toStdString(), captureBlock_);
+    RememberFolders();
     capture_.panelOverlay = 0;
-    WriteRecord(path.toStdString());
+    // The record keeps the orientation of frame 0, whatever frame an abort stops at.
+    runStart_ = session_.Scene().ShownView();
+    WriteRecord(path.toStdString(), runStart_);
     capture_.framesCaptured = RunCaptureWindow(0, false);
-    WriteRecord(captureBlock_.fullPath + captureBlock_.extension);
+    WriteRecord(captureBlock_.fullPath + captureBlock_.extension, runStart_);
     TellCaptureEnd(session_.Settings().captureFrames);
 }
 
@@ -294,16 +344,17 @@ void OutputFlows::ResumeCapture() {
     }
     capture_ = capture;
     capture_.panelOverlay = 0;
+    runStart_ = view;
     AdoptScene(settings, view);
     const int n = settings.captureFrames;
     const bool complete = capture_.framesCaptured == n;
     capture_.framesCaptured =
         RunCaptureWindow(complete ? n : capture_.framesCaptured, capture_.existenceCheck != 0);
-    if (complete && session_.Prompts().AskYesNo(messages::kAlreadyComplete)) {
+    if (complete && session_.Prompts().AskYesNo(messages::kAlreadyComplete, DefaultAnswer::kYes)) {
         capture_.existenceCheck = 1;
         capture_.framesCaptured = RunCaptureWindow(0, true);
     }
-    WriteRecord(captureBlock_.fullPath + captureBlock_.extension);
+    WriteRecord(captureBlock_.fullPath + captureBlock_.extension, runStart_);
     TellCaptureEnd(n);
 }
 
@@ -315,6 +366,12 @@ void OutputFlows::MakeAnimatedGif() {
     if (!record)
         return;
     const int n = record->settings.captureFrames;
+    // The header overwrites the frame counts in place, as every read of a record does.
+    if (n >= 1) {
+        session_.Settings().captureFrames = n;
+        session_.Persist();
+    }
+    capture_.framesCaptured = record->capture.framesCaptured;
     if (n < 1 || n != record->capture.framesCaptured) {
         Tell(messages::kNotAllFramesCaptured, true);
         return;
@@ -324,7 +381,7 @@ void OutputFlows::MakeAnimatedGif() {
         return;
     session_.Settings().gifOption1 = settings.Result().gifOption1;
     session_.Settings().gifOption2 = settings.Result().gifOption2;
-    session_.Commit();
+    session_.Persist();
     gifBlock_.fullPath = captureBlock_.fullPath + "_ANI";
     const QString output = files_.Choose(
         owner_, true, Tr("Save Animation GIF File"), {Tr("Animation GIF File (*.gif)")},
@@ -347,13 +404,23 @@ void OutputFlows::MakeAnimatedGif() {
         Tell(Formatted(messages::kAnimationSaved, gifBlock_.fullPath));
         return;
     }
+    // The first frame missing or damaged in the order the frames are loaded: backwards when
+    // clockwise. Told here, in the window thread, so that the message is translated.
+    const bool clockwise = session_.Settings().gifOption2 == 1;
+    FrameSize size = session_.Scene().Gif().frameSize;
     for (int i = 0; i < n; ++i) {
-        const std::string frame = FrameFileName(captureBlock_.fullPath, i, n);
-        std::error_code error;
-        if (!std::filesystem::exists(frame, error)) {
-            Tell(Formatted(messages::kMissingFrame, frame), true);
+        const std::string frame =
+            FrameFileName(captureBlock_.fullPath, clockwise ? n - 1 - i : i, n);
+        IndexedImage picture;
+        std::string error;
+        const FrameState state = ReadFrameGif(frame, size, picture, error);
+        if (state != FrameState::kGood) {
+            Tell(state == FrameState::kMissing ? Formatted(messages::kMissingFrame, frame)
+                                               : Formatted(messages::kDamagedFrame, error),
+                 true);
             return;
         }
+        size = {picture.width, picture.height};
     }
     Tell(session_.Scene().GifMessage(), true);
 }

@@ -68,7 +68,9 @@ class OutputFlows : public QObject {
     void TellCaptureEnd(int frameCount);
     // Takes a record's scene into the viewer, refusing values no table holds.
     void AdoptScene(const AppSettings& read, const ViewState& view);
-    void WriteRecord(const std::string& path);
+    void WriteRecord(const std::string& path, const ViewState& orientation);
+    // Keeps the folders of the last chosen files in the settings, for the next start.
+    void RememberFolders();
     void Tell(const std::string& text, bool warning = false);
     std::string Folder(const PathBlock& block, const std::string& fallback) const;
 
@@ -82,6 +84,7 @@ class OutputFlows : public QObject {
     PathBlock captureBlock_;
     PathBlock gifBlock_;
     CaptureState capture_;
+    ViewState runStart_;  // the orientation of frame 0 of the capture under way
 };
 
 }  // namespace kirameki

@@ -13,10 +13,11 @@ QString Translated(const std::string& text) {
 
 }  // namespace
 
-bool QtPrompter::AskYesNo(const std::string& text) {
+bool QtPrompter::AskYesNo(const std::string& text, DefaultAnswer preset) {
     const auto answer =
         QMessageBox::warning(owner_, QCoreApplication::translate("Messages", "Confirmation"),
-                             Translated(text), QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
+                             Translated(text), QMessageBox::Yes | QMessageBox::No,
+                             preset == DefaultAnswer::kYes ? QMessageBox::Yes : QMessageBox::No);
     return answer == QMessageBox::Yes;
 }
 

@@ -11,7 +11,7 @@ class QtPrompter : public Prompter {
   public:
     explicit QtPrompter(QWidget* owner = nullptr) : owner_(owner) {}
     void SetOwner(QWidget* owner) { owner_ = owner; }
-    bool AskYesNo(const std::string& text) override;
+    bool AskYesNo(const std::string& text, DefaultAnswer preset) override;
     void Tell(const std::string& text, bool warning) override;
 
   private:

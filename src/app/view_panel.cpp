@@ -2,6 +2,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <cmath>
 
 namespace kirameki {
 
@@ -12,14 +13,29 @@ ViewPanel::ViewPanel(QWidget* parent) : QWidget(parent) {
     setCursor(Qt::OpenHandCursor);
 }
 
-QRect ViewPanel::ImageRect(int size) const {
-    return QRect((width() - size) / 2, (height() - size) / 2, size, size);
+QSize ViewPanel::DeviceSize() const {
+    const qreal ratio = devicePixelRatioF();
+    return QSize(int(std::lround(width() * ratio)), int(std::lround(height() * ratio)));
 }
 
-void ViewPanel::ShowPreview(const QImage& preview, int imageSize) {
+QRectF ViewPanel::ImageRect(int size) const {
+    // Centred on a whole device pixel, so that the picture's pixels meet the screen's.
+    const qreal ratio = devicePixelRatioF();
+    const QSize device = DeviceSize();
+    const QPointF corner((device.width() - size) / 2, (device.height() - size) / 2);
+    return QRectF(corner / ratio, QSizeF(size, size) / ratio);
+}
+
+QPoint ViewPanel::DevicePoint(QPointF logical) const {
+    return (logical * devicePixelRatioF()).toPoint();
+}
+
+void ViewPanel::ShowPreview(const QImage& preview, int imageSize, bool keepRender) {
     preview_ = preview;
-    imageSize_ = imageSize;
-    showsRender_ = false;
+    if (!keepRender) {
+        imageSize_ = imageSize;
+        showsRender_ = false;
+    }
     update();
 }
 
@@ -38,7 +54,7 @@ void ViewPanel::AddRows(const QImage& strip, int first, int size, bool show) {
     painter.drawImage(0, first, strip);
     painter.end();
     if (show)
-        update(ImageRect(size).adjusted(0, first, 0, 0));
+        update(ImageRect(size).toAlignedRect());
 }
 
 void ViewPanel::SetTrimmingFrame(bool shown, int top, int bottom, int left, int right) {
@@ -51,29 +67,37 @@ void ViewPanel::SetTrimmingFrame(bool shown, int top, int bottom, int left, int 
 }
 
 void ViewPanel::paintEvent(QPaintEvent*) {
+    // Moved to a screen of another pixel ratio: the worker draws for the new device size.
+    if (DeviceSize() != reported_) {
+        reported_ = DeviceSize();
+        emit resized(reported_);
+    }
     QPainter painter(this);
     painter.fillRect(rect(), Qt::black);
+    // Both pictures are in device pixels: drawn into their logical rectangles they map one
+    // to one onto the screen (no smoothing is asked for, so nothing is blended).
+    const qreal ratio = devicePixelRatioF();
     if (!preview_.isNull())
-        painter.drawImage(0, 0, preview_);
-    const QRect image = ImageRect(imageSize_);
+        painter.drawImage(QRectF(QPointF(0, 0), QSizeF(preview_.size()) / ratio), preview_);
+    const QRectF image = ImageRect(imageSize_);
     if (showsRender_ && !render_.isNull())
-        painter.drawImage(image.topLeft(), render_);
+        painter.drawImage(image, render_);
     if (trimmingShown_) {
-        painter.setPen(QColor(0, 200, 0));
+        painter.setPen(QPen(QColor(0, 200, 0), 0));
         painter.setBrush(Qt::NoBrush);
-        painter.drawRect(
-            image.adjusted(margins_[2], margins_[0], -margins_[3] - 1, -margins_[1] - 1));
+        painter.drawRect(image.adjusted(margins_[2] / ratio, margins_[0] / ratio,
+                                        -(margins_[3] + 1) / ratio, -(margins_[1] + 1) / ratio));
     }
 }
 
 void ViewPanel::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton)
-        emit pressed(event->position().toPoint());
+        emit pressed(DevicePoint(event->position()));
 }
 
 void ViewPanel::mouseMoveEvent(QMouseEvent* event) {
     if (event->buttons() & Qt::LeftButton)
-        emit moved(event->position().toPoint());
+        emit moved(DevicePoint(event->position()));
 }
 
 void ViewPanel::mouseReleaseEvent(QMouseEvent* event) {
@@ -82,7 +106,8 @@ void ViewPanel::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void ViewPanel::resizeEvent(QResizeEvent*) {
-    emit resized(size());
+    reported_ = DeviceSize();
+    emit resized(reported_);
 }
 
 }  // namespace kirameki

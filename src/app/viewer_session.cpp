@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "model/model_parameters.h"
+#include "output/messages.h"
 
 namespace kirameki {
 
@@ -81,6 +82,13 @@ bool ViewerSession::SaveSettings(std::string& error) const {
     std::filesystem::create_directories(std::filesystem::path(paths_.settingsFile).parent_path(),
                                         ignored);
     return kirameki::SaveSettings(paths_.settingsFile, settings_, error);
+}
+
+void ViewerSession::Persist() {
+    Commit();
+    std::string error;
+    if (!SaveSettings(error))
+        prompter_.Tell(messages::kFailedToOpenFile, true);
 }
 
 }  // namespace kirameki

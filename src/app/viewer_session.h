@@ -35,6 +35,9 @@ class ViewerSession {
     // Writes the settings file; false with the reason when it cannot be written, or when it
     // was there at start but could not be read (it is then left as it is).
     bool SaveSettings(std::string& error) const;
+    // Commits and writes the settings file now (a setting confirmed with OK survives a
+    // crash); a failed write says "Failed to open file.".
+    void Persist();
 
     const ProgramPaths& Paths() const { return paths_; }
     SharedScene& Scene() { return scene_; }

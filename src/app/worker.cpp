@@ -188,7 +188,11 @@ void Worker::AnimateRotation(int identifier) {
             return;
         if (step && kind.light) {
             drag_.target = kTargetLight;
-            RotationStep(view_.light, *step);
+            // Up/down turn the light about its own X axis, right/left about the view's Y.
+            if (kind.axis == TurnAxis::kX)
+                LocalRotationStep(view_.light, *step);
+            else
+                RotationStep(view_.light, *step);
             view_.LightDirection = LightDirectionOf(view_.light);
             Redraw();
             std::this_thread::sleep_for(std::chrono::milliseconds(40));
@@ -256,7 +260,7 @@ void Worker::LightDrag(int point) {
     drag_.currentX = PointX(point);
     drag_.currentY = PointY(point);
     drag_.target = kTargetLight;
-    TurnByDrag(view_.light, drag_.currentX - drag_.startX, drag_.currentY - drag_.startY, 120);
+    TurnLightByDrag(view_.light, drag_.currentX - drag_.startX, drag_.currentY - drag_.startY, 120);
     view_.LightDirection = LightDirectionOf(view_.light);
     drag_.startX = drag_.currentX;
     drag_.startY = drag_.currentY;
@@ -265,7 +269,12 @@ void Worker::LightDrag(int point) {
 }
 
 void Worker::ResetOrientation() {
-    view_.view = OrientationFrame{};  // looking along (0, 0, -1) from the front
+    // In incremental mode the view frame is only derived again from its stored vectors;
+    // otherwise the view looks along (0, 0, -1) from the front again.
+    if (settings_.IncrementalViewMode)
+        Decompose(view_.view);
+    else
+        view_.view = OrientationFrame{};
     drag_.target = drag_.previousTarget = kTargetNone;
     Redraw();
 }

@@ -5,7 +5,7 @@
 namespace kirameki {
 
 bool WorkerClient::ConfirmAbort(const char* text) {
-    const bool yes = prompter_.AskYesNo(text);
+    const bool yes = prompter_.AskYesNo(text, DefaultAnswer::kNo);
     if (yes)
         worker_.Post(kAbortJob, 0);
     return yes;

@@ -93,7 +93,7 @@ bool BackColorLightDialog::Store(AppSettings& s) {
 }
 
 void BackColorLightDialog::RestoreDefaults() {
-    if (prompter_.AskYesNo(kRestoreDefaultsQuestion))
+    if (prompter_.AskYesNo(kRestoreDefaultsQuestion, DefaultAnswer::kYes))
         Show(Defaults());
 }
 

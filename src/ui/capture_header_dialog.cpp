@@ -25,6 +25,10 @@ CaptureHeaderDialog::CaptureHeaderDialog(const AppSettings& settings, Prompter& 
     grid->addWidget(caption, 0, 0);
     grid->addWidget(frames_, 0, 1);
     grid->addWidget(new QLabel(tr("Frames"), this), 0, 2);
+    auto* range = new QLabel(this);  // empty until the box refuses a keystroke
+    range->setObjectName("framesRange");
+    grid->addWidget(range, 0, 3);
+    ExplainRefusals(frames_, range, 1, 100000);
     grid->setColumnStretch(3, 1);
     grid->addWidget(new QLabel(tr("Larger the number gets, More fluent the motion becomes."), this),
                     1, 0, 1, 4);

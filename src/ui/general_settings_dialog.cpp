@@ -123,7 +123,7 @@ bool GeneralSettingsDialog::Store(AppSettings& s) {
 }
 
 void GeneralSettingsDialog::RestoreDefaults() {
-    if (prompter_.AskYesNo(kRestoreDefaultsQuestion))
+    if (prompter_.AskYesNo(kRestoreDefaultsQuestion, DefaultAnswer::kYes))
         Show(Defaults());
 }
 

@@ -24,6 +24,10 @@ GifSettingsDialog::GifSettingsDialog(const AppSettings& settings, Prompter& prom
     timeWeight_->setMinimumWidth(90);
     grid->addWidget(timeWeight_, 0, 0);
     grid->addWidget(new QLabel(tr("/ 100 second."), this), 0, 1);
+    auto* range = new QLabel(this);  // empty until the box refuses a keystroke
+    range->setObjectName("timeWeightRange");
+    grid->addWidget(range, 0, 2);
+    ExplainRefusals(timeWeight_, range, 0, 65535);
     // "100 make 1 second." reads under the box and its unit.
     auto* hundred = new QLabel(tr("100"), this);
     hundred->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -65,7 +69,7 @@ bool GifSettingsDialog::Store(AppSettings& s) {
 }
 
 void GifSettingsDialog::RestoreDefaults() {
-    if (!prompter_.AskYesNo(kRestoreDefaultQuestion))
+    if (!prompter_.AskYesNo(kRestoreDefaultQuestion, DefaultAnswer::kYes))
         return;
     const AppSettings defaults = Defaults();
     Show(defaults.gifOption1, defaults.gifOption2);

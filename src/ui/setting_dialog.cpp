@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QSlider>
 #include <QSpinBox>
@@ -73,8 +74,34 @@ QSpinBox* SettingDialog::AddNumberRow(QGridLayout* grid, int row, const char* na
         grid->addWidget(slider, row, 1);
     }
     grid->addWidget(box, row, 2);
-    grid->addWidget(new QLabel(tr("( %1 - %2 )").arg(minimum).arg(maximum), this), row, 3);
+    auto* range = new QLabel(tr("( %1 - %2 )").arg(minimum).arg(maximum), this);
+    range->setObjectName(QString(name) + "Range");
+    grid->addWidget(range, row, 3);
+    ExplainRefusals(box, range, minimum, maximum);
     return box;
+}
+
+void SettingDialog::ExplainRefusals(QSpinBox* box, QLabel* range, int minimum, int maximum) {
+    // The box drops a keystroke that would leave its range, and falls back to its last value
+    // on OK when the text is out of range, both without a sound: the range label beside it
+    // says why until the text is acceptable again.
+    auto* edit = box->findChild<QLineEdit*>();
+    if (!edit)
+        return;
+    const QString plain = range->text();
+    const auto refuse = [range, minimum, maximum] {
+        range->setText(tr("Only %1 to %2").arg(minimum).arg(maximum));
+        range->setStyleSheet("color: #c62828; font-weight: bold;");
+    };
+    connect(edit, &QLineEdit::inputRejected, range, refuse);
+    connect(edit, &QLineEdit::textChanged, range, [box, range, plain, refuse] {
+        if (!box->hasAcceptableInput()) {
+            refuse();
+            return;
+        }
+        range->setText(plain);
+        range->setStyleSheet(QString());
+    });
 }
 
 void SettingDialog::AddHint(QGridLayout* grid, int row, const QString& text) {

@@ -7,6 +7,7 @@
 #include "output/app_settings.h"
 
 class QGridLayout;
+class QLabel;
 class QLayout;
 class QSpinBox;
 
@@ -38,6 +39,8 @@ class SettingDialog : public QDialog {
     // A row of a grid: caption, optional slider, spin box (with unit suffix) and its range.
     QSpinBox* AddNumberRow(QGridLayout* grid, int row, const char* name, const QString& caption,
                            int minimum, int maximum, const QString& suffix, bool withSlider);
+    // Shows why the box refused a keystroke (its range) in the range label beside it.
+    void ExplainRefusals(QSpinBox* box, QLabel* range, int minimum, int maximum);
     // A grey hint line spanning the rows' caption-to-range columns.
     void AddHint(QGridLayout* grid, int row, const QString& text);
 

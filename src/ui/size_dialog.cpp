@@ -38,7 +38,7 @@ bool SizeDialog::Store(AppSettings& s) {
 }
 
 void SizeDialog::RestoreDefaults() {
-    if (prompter_.AskYesNo(kRestoreDefaultsQuestion))
+    if (prompter_.AskYesNo(kRestoreDefaultsQuestion, DefaultAnswer::kYes))
         Show(Defaults());
 }
 

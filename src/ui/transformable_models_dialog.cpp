@@ -133,7 +133,7 @@ bool TransformableModelsDialog::Store(AppSettings& s) {
 }
 
 void TransformableModelsDialog::RestoreDefaults() {
-    if (prompter_.AskYesNo(kRestoreDefaultsQuestion))
+    if (prompter_.AskYesNo(kRestoreDefaultsQuestion, DefaultAnswer::kYes))
         Show(kDefaultModelParameters, tabs_->currentIndex());
 }
 

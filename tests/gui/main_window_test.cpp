@@ -18,91 +18,15 @@
 #include "output/capture_info.h"
 #include "output/path_block.h"
 #include "ui/setting_dialog.h"
+#include "viewer_harness.h"
 
 namespace kirameki {
-
-class ScriptedPrompter : public Prompter {
-  public:
-    bool answer = false;
-    QStringList asked, told;
-    bool AskYesNo(const std::string& text) override {
-        asked << QString::fromStdString(text);
-        return answer;
-    }
-    void Tell(const std::string& text, bool) override { told << QString::fromStdString(text); }
-};
-
-// Answers the file dialogs with the paths queued for them, in order.
-class ScriptedFiles : public FileChooser {
-  public:
-    QStringList answers;
-    QStringList titles;
-    QString Choose(QWidget*, bool, const QString& title, const QStringList&, const QString&,
-                   const QString&, int* filterIndex, const QString&) override {
-        titles << title;
-        if (filterIndex)
-            *filterIndex = 4;  // PNG 24-bit
-        return answers.isEmpty() ? QString() : answers.takeFirst();
-    }
-};
 
 class MainWindowTest : public QObject {
     Q_OBJECT
 
   private:
-    struct Viewer {
-        explicit Viewer(const QString& folder,
-                        const std::function<void(AppSettings&)>& setup = {}) {
-            paths.settingsFile = (folder + "/Setting.ini").toStdString();
-            paths.screenShotsFolder = (folder + "/ScreenShots/").toStdString();
-            paths.capturesFolder = (folder + "/AutoCaps/").toStdString();
-            if (setup) {
-                AppSettings s;
-                LoadDefaults(s, {paths.screenShotsFolder, paths.capturesFolder});
-                setup(s);
-                std::string error;
-                SaveSettings(paths.settingsFile, s, error);
-            }
-            session = std::make_unique<ViewerSession>(paths, prompter);
-            window = std::make_unique<MainWindow>(*session, files);
-            window->show();
-            session->Start();
-        }
-        ~Viewer() { window->close(); }
-        ProgramPaths paths;
-        ScriptedPrompter prompter;
-        ScriptedFiles files;
-        std::unique_ptr<ViewerSession> session;
-        std::unique_ptr<MainWindow> window;
-    };
     QTemporaryDir dir_;
-
-    // Accepts every setting window as soon as it is up (OK with the values shown), and
-    // presses "Abort (&A)" on a capture's progress window when asked to.
-    struct ModalAnswers {
-        QTimer timer;
-        bool abortCapture = false;
-        ModalAnswers() {
-            QObject::connect(&timer, &QTimer::timeout, [this] {
-                QWidget* modal = QApplication::activeModalWidget();
-                if (auto* dialog = qobject_cast<SettingDialog*>(modal))
-                    dialog->accept();
-                if (auto* progress = qobject_cast<ProgressWindow*>(modal);
-                    progress && abortCapture) {
-                    abortCapture = false;
-                    emit progress->abortRequested();
-                }
-            });
-            timer.start(20);
-        }
-    };
-
-    static int FramesOnDisk(const QString& stem, int n) {
-        int count = 0;
-        for (int i = 0; i < n; ++i)
-            count += QFile::exists(QString::fromStdString(FrameFileName(stem.toStdString(), i, n)));
-        return count;
-    }
 
   private slots:
     void MenusAndListsFollowTheSettings() {

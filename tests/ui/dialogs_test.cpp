@@ -24,8 +24,10 @@ class ScriptedPrompter : public Prompter {
   public:
     bool answer = false;
     QStringList asked, told;
-    bool AskYesNo(const std::string& text) override {
+    QList<DefaultAnswer> presets;  // the default button of each question asked
+    bool AskYesNo(const std::string& text, DefaultAnswer preset) override {
         asked << QString::fromStdString(text);
+        presets << preset;
         return answer;
     }
     void Tell(const std::string& text, bool) override { told << QString::fromStdString(text); }
@@ -131,6 +133,7 @@ class DialogsTest : public QObject {
         Click(*dialog, "default");
         if (!question.isEmpty()) {
             QCOMPARE(prompter.asked, QStringList{question});
+            QCOMPARE(prompter.presets.value(0), DefaultAnswer::kYes);  // Enter restores
             Click(*dialog, "ok");
             QVERIFY(Same(dialog->Result(), opened));
             prompter.answer = true;
@@ -156,7 +159,10 @@ class DialogsTest : public QObject {
         Child<QCheckBox>(dialog, "targetPicture").setChecked(false);
         Child<QCheckBox>(dialog, "trimming").setChecked(true);
         Child<QSpinBox>(dialog, "trimLeft").setValue(30);
-        Type(Child<QSpinBox>(dialog, "depth"), "25");  // beyond Max=20
+        QLabel& range = Child<QLabel>(dialog, "depthRange");
+        QCOMPARE(range.text(), QString("( 1 - 20 )"));
+        Type(Child<QSpinBox>(dialog, "depth"), "25");     // beyond Max=20
+        QCOMPARE(range.text(), QString("Only 1 to 20"));  // says why the 5 went nowhere
         Click(dialog, "ok");
         const AppSettings& r = dialog.Result();
         QCOMPARE(r.recursionDepth, 2);  // "25" stops at "2": the box refuses the 5
@@ -261,7 +267,10 @@ class DialogsTest : public QObject {
         CaptureHeaderDialog capture(Defaults(), prompter);
         QCOMPARE(capture.objectName(), QString("HeaderSettingWnd"));
         capture.show();
+        Type(Child<QSpinBox>(capture, "frames"), "0");
+        QCOMPARE(Child<QLabel>(capture, "framesRange").text(), QString("Only 1 to 100000"));
         Type(Child<QSpinBox>(capture, "frames"), "360");
+        QCOMPARE(Child<QLabel>(capture, "framesRange").text(), QString());
         Click(capture, "ok");
         QCOMPARE(capture.Result().captureFrames, 360);
 
