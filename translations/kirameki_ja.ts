@@ -169,6 +169,46 @@ Click &quot;Yes&quot; to begin complement.</source>
 「はい」をクリックすると補完を始めます。</translation>
     </message>
     <message>
+        <location filename="../src/app/message_texts.cpp" line="52"/>
+        <source>Failed to open file.
+
+Following file exists but is damaged.
+
+%s
+
+
+In this case, Resume capturing to draw it again.
+
+Go to the &quot;Automatic Screen Capture(P)&quot; --&gt; &quot;Resume(R)&quot; then
+&quot;File Existance Check(Yes/No)&quot; dialog will show up.
+Click &quot;Yes&quot; to begin complement.</source>
+        <translation>ファイルを開けませんでした。
+
+次のファイルはありますが、壊れています。
+
+%s
+
+
+その場合は、キャプチャを再開して描き直してください。
+
+「自動スクリーンキャプチャ(P)」→「再開(R)」を選ぶと
+「ファイル存在チェック(はい/いいえ)」のダイアログが表示されます。
+「はい」をクリックすると補完を始めます。</translation>
+    </message>
+    <message>
+        <location filename="../src/app/message_texts.cpp" line="52"/>
+        <source>A frame could not be saved, so capturing has stopped.
+
+%s
+
+Resume capturing when the cause is mended: it carries on from this frame.</source>
+        <translation>フレームを保存できなかったため、キャプチャを中止しました。
+
+%s
+
+原因を取り除いてからキャプチャを再開してください。このフレームから続けます。</translation>
+    </message>
+    <message>
         <location filename="../src/ui/general_settings_dialog.h" line="46"/>
         <source>The trimming margins leave no picture.
 

@@ -48,6 +48,15 @@ namespace kirameki {
         "this case, Resume capturing to complete the whole set of files.\n\nGo to the \"Automatic "
         "Screen Capture(P)\" --> \"Resume(R)\" then\n\"File Existance Check(Yes/No)\" dialog will "
         "show up.\nClick \"Yes\" to begin complement."),
+    QT_TRANSLATE_NOOP(
+        "Messages",
+        "Failed to open file.\n\nFollowing file exists but is damaged.\n\n%s\n\n\nIn this case, "
+        "Resume capturing to draw it again.\n\nGo to the \"Automatic Screen Capture(P)\" --> "
+        "\"Resume(R)\" then\n\"File Existance Check(Yes/No)\" dialog will show up.\nClick \"Yes\" "
+        "to begin complement."),
+    QT_TRANSLATE_NOOP("Messages",
+                      "A frame could not be saved, so capturing has stopped.\n\n%s\n\nResume "
+                      "capturing when the cause is mended: it carries on from this frame."),
 };
 
 }  // namespace kirameki

@@ -15,6 +15,7 @@
 #include "output/gif_files.h"
 #include "output/messages.h"
 #include "output/picture_writers.h"
+#include "output/record_lock.h"
 #include "output/render_settings.h"
 #include "ui/capture_header_dialog.h"
 #include "ui/gif_settings_dialog.h"
@@ -307,6 +308,9 @@ void OutputFlows::NewCapture() {
         return;
     ChoosePath(path.toStdString(), captureBlock_);
     RememberFolders();
+    RecordLock lock;
+    if (!LockRecord(lock))
+        return;
     capture_.panelOverlay = 0;
     // The record keeps the orientation of frame 0, whatever frame an abort stops at.
     runStart_ = session_.Scene().ShownView();
@@ -323,6 +327,14 @@ void OutputFlows::TellCaptureEnd(int frameCount) {
         Tell(messages::kCapturingAborted);
     else
         Tell(Formatted(messages::kAllFramesCaptured, captureBlock_.name));
+}
+
+bool OutputFlows::LockRecord(RecordLock& lock) {
+    std::string error;
+    if (lock.Acquire(captureBlock_.fullPath + captureBlock_.extension, error))
+        return true;
+    Tell(error, true);
+    return false;
 }
 
 void OutputFlows::ResumeCapture() {
@@ -342,6 +354,9 @@ void OutputFlows::ResumeCapture() {
              true);
         return;
     }
+    RecordLock lock;
+    if (!LockRecord(lock))
+        return;
     capture_ = capture;
     capture_.panelOverlay = 0;
     runStart_ = view;

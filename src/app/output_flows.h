@@ -8,6 +8,7 @@
 
 #include "app/viewer_session.h"
 #include "output/path_block.h"
+#include "output/record_lock.h"
 #include "output/scene_state.h"
 
 class QWidget;
@@ -64,6 +65,9 @@ class OutputFlows : public QObject {
     // Runs the capture progress window with the frames from firstFrame; answers the
     // frames on disk afterwards.
     int RunCaptureWindow(int firstFrame, bool existenceCheck);
+    // Holds the capture record for the length of a run; false after saying that another
+    // run (this viewer's or the command line's) holds it.
+    bool LockRecord(RecordLock& lock);
     // Says how the run ended: a frame not written, an abort, or every frame captured.
     void TellCaptureEnd(int frameCount);
     // Takes a record's scene into the viewer, refusing values no table holds.

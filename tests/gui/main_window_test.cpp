@@ -17,6 +17,7 @@
 #include "app/viewer_session.h"
 #include "output/capture_info.h"
 #include "output/path_block.h"
+#include "output/record_lock.h"
 #include "ui/setting_dialog.h"
 #include "viewer_harness.h"
 
@@ -176,6 +177,39 @@ class MainWindowTest : public QObject {
         w.Flows().ResumeCapture();
         QVERIFY(v.prompter.told.last().startsWith("All frames have been captured."));
         QCOMPARE(FramesOnDisk(folder + "/Long", 40), 40);
+    }
+
+    void CaptureRefusesABusyRecordAndStopsAtAFrameItCannotWrite() {
+        const QString folder = dir_.path() + "/capture-faults";
+        QDir().mkpath(folder);
+        Viewer v(folder, [](AppSettings& s) {
+            s.showTitleWindow = 0;
+            s.imageSize = 32;
+            s.captureFrames = 4;
+            s.option5 = 0;
+        });
+        ModalAnswers answers;
+        // Another run (here the command line's, in effect) holds the record.
+        RecordLock held;
+        std::string error;
+        QVERIFY(held.Acquire((folder + "/Busy.sqi").toStdString(), error));
+        v.files.answers << folder + "/Busy.sqi";
+        v.window->Flows().NewCapture();
+        QVERIFY(v.prompter.told.last().contains("Another capture is running"));
+        QVERIFY(!QFileInfo::exists(folder + "/Busy_F[0].gif"));
+        held.Release();
+        // A frame that cannot be written stops the run, and the record says where it stopped.
+        QDir().mkpath(folder + "/Stop_F[2].gif");
+        v.files.answers << folder + "/Stop.sqi";
+        v.window->Flows().NewCapture();
+        QVERIFY(v.prompter.told.last().startsWith("A frame could not be saved"));
+        QVERIFY(v.prompter.told.last().contains("Stop_F[2].gif"));
+        AppSettings s;
+        ViewState view;
+        CaptureState capture;
+        SceneState scene{s, view, capture};
+        QVERIFY(ReadCaptureInfo((folder + "/Stop.sqi").toStdString(), scene, true).opened);
+        QCOMPARE(capture.framesCaptured, 2);
     }
 
     void ClosingWritesTheSettingsFile() {
