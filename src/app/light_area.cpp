@@ -6,7 +6,7 @@
 #include <QRadialGradient>
 #include <cmath>
 
-#include "app/worker_sink.h"
+#include "worker/worker_sink.h"
 
 namespace kirameki {
 

@@ -23,7 +23,7 @@
 #include <QVBoxLayout>
 #include <cstdio>
 
-#include "app/index_text.h"
+#include "model/index_text.h"
 #include "app/light_area.h"
 #include "app/output_flows.h"
 #include "app/render_window.h"

@@ -16,7 +16,7 @@
 #include "output/messages.h"
 #include "output/picture_writers.h"
 #include "output/record_lock.h"
-#include "output/render_settings.h"
+#include "scene/render_settings.h"
 #include "ui/capture_header_dialog.h"
 #include "ui/gif_settings_dialog.h"
 

@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include "app/prompter.h"
+#include "worker/prompter.h"
 
 namespace kirameki {
 

@@ -4,7 +4,7 @@
 #include <QImage>
 #include <QObject>
 
-#include "app/worker_sink.h"
+#include "worker/worker_sink.h"
 
 namespace kirameki {
 

@@ -3,15 +3,15 @@
 #include <memory>
 #include <string>
 
-#include "app/key_state.h"
-#include "app/keyboard_thread.h"
-#include "app/message_queue.h"
-#include "app/program_paths.h"
-#include "app/prompter.h"
+#include "worker/key_state.h"
+#include "worker/keyboard_thread.h"
+#include "worker/message_queue.h"
+#include "scene/program_paths.h"
+#include "worker/prompter.h"
 #include "app/qt_worker_sink.h"
-#include "app/shared_scene.h"
-#include "app/worker.h"
-#include "app/worker_client.h"
+#include "worker/shared_scene.h"
+#include "worker/worker.h"
+#include "worker/worker_client.h"
 
 namespace kirameki {
 

@@ -13,7 +13,7 @@
 #include "output/messages.h"
 #include "output/path_block.h"
 #include "output/record_lock.h"
-#include "output/render_settings.h"
+#include "scene/render_settings.h"
 
 namespace kirameki::cli {
 

@@ -12,7 +12,7 @@
 #include "output/capture_info.h"
 #include "output/path_block.h"
 #include "output/picture_writers.h"
-#include "output/render_settings.h"
+#include "scene/render_settings.h"
 #include "render/frame_renderer.h"
 #include "render/preview_geometry.h"
 

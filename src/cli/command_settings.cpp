@@ -2,7 +2,7 @@
 #include <iostream>
 #include <string>
 
-#include "app/program_paths.h"
+#include "scene/program_paths.h"
 #include "cli/commands.h"
 #include "cli/json_writer.h"
 #include "cli/scene_arguments.h"

@@ -4,12 +4,12 @@
 #include <filesystem>
 #include <stdexcept>
 
-#include "app/program_paths.h"
+#include "scene/program_paths.h"
 #include "model/model_builder.h"
 #include "model/stone_choice.h"
 #include "model/stone_tables.h"
 #include "output/capture_info.h"
-#include "output/render_settings.h"
+#include "scene/render_settings.h"
 #include "render/rotation_steps.h"
 
 namespace kirameki::cli {

@@ -3,7 +3,7 @@
 #include <QDialog>
 #include <QString>
 
-#include "app/prompter.h"
+#include "worker/prompter.h"
 #include "output/app_settings.h"
 
 class QGridLayout;

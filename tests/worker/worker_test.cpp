@@ -1,4 +1,4 @@
-#include "app/worker.h"
+#include "worker/worker.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <thread>
 #include <vector>
 
-#include "app/worker_client.h"
+#include "worker/worker_client.h"
 
 namespace kirameki {
 namespace {

@@ -1,4 +1,4 @@
-#include "app/message_queue.h"
+#include "worker/message_queue.h"
 
 namespace kirameki {
 

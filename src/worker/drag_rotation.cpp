@@ -1,4 +1,4 @@
-#include "app/drag_rotation.h"
+#include "worker/drag_rotation.h"
 
 #include <algorithm>
 #include <cmath>

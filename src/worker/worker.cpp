@@ -1,15 +1,15 @@
-#include "app/worker.h"
+#include "worker/worker.h"
 
 #include <algorithm>
 #include <chrono>
 #include <cmath>
 
-#include "app/drag_rotation.h"
+#include "worker/drag_rotation.h"
 #include "model/model_builder.h"
 #include "model/stone_tables.h"
 #include "output/capture_info.h"
 #include "output/gif_compiler.h"
-#include "output/render_settings.h"
+#include "scene/render_settings.h"
 #include "render/frame_renderer.h"
 #include "render/rotation_steps.h"
 

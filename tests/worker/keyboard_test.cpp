@@ -8,9 +8,9 @@
 #include <utility>
 #include <vector>
 
-#include "app/key_state.h"
-#include "app/keyboard_decision.h"
-#include "app/keyboard_thread.h"
+#include "worker/key_state.h"
+#include "worker/keyboard_decision.h"
+#include "worker/keyboard_thread.h"
 
 namespace kirameki {
 namespace {

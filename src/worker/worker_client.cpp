@@ -1,4 +1,4 @@
-#include "app/worker_client.h"
+#include "worker/worker_client.h"
 
 #include <chrono>
 

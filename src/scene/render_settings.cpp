@@ -1,4 +1,4 @@
-#include "output/render_settings.h"
+#include "scene/render_settings.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "app/keyboard_decision.h"
+#include "worker/keyboard_decision.h"
 
 #include <array>
 #include <cstddef>

@@ -3,10 +3,10 @@
 #include <memory>
 #include <thread>
 
-#include "app/message_queue.h"
-#include "app/shared_scene.h"
-#include "app/worker_commands.h"
-#include "app/worker_sink.h"
+#include "worker/message_queue.h"
+#include "worker/shared_scene.h"
+#include "worker/worker_commands.h"
+#include "worker/worker_sink.h"
 #include "model/gem_model.h"
 #include "render/preview_geometry.h"
 #include "render/tracer.h"

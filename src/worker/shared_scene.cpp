@@ -1,4 +1,4 @@
-#include "app/shared_scene.h"
+#include "worker/shared_scene.h"
 
 namespace kirameki {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/shared_scene.h"
+#include "worker/shared_scene.h"
 #include "render/frame_image.h"
 #include "render/preview_geometry.h"
 

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "app/key_state.h"
+#include "worker/key_state.h"
 
 namespace kirameki {
 

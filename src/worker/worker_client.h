@@ -3,9 +3,9 @@
 #include <atomic>
 #include <string>
 
-#include "app/message_queue.h"
-#include "app/prompter.h"
-#include "app/worker.h"
+#include "worker/message_queue.h"
+#include "worker/prompter.h"
+#include "worker/worker.h"
 
 namespace kirameki {
 

@@ -5,9 +5,9 @@
 #include <mutex>
 #include <thread>
 
-#include "app/key_state.h"
-#include "app/keyboard_decision.h"
-#include "app/worker_commands.h"
+#include "worker/key_state.h"
+#include "worker/keyboard_decision.h"
+#include "worker/worker_commands.h"
 
 namespace kirameki {
 

@@ -1,4 +1,4 @@
-#include "app/keyboard_thread.h"
+#include "worker/keyboard_thread.h"
 
 namespace kirameki {
 

@@ -1,4 +1,4 @@
-#include "app/index_text.h"
+#include "model/index_text.h"
 
 #include <charconv>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "app/key_state.h"
+#include "worker/key_state.h"
 
 namespace kirameki {
 namespace {
