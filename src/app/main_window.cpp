@@ -288,7 +288,7 @@ QWidget* MainWindow::BuildControls() {
     renderButton_->setDefault(true);
     hqButton_ = new QPushButton(tr("HQ"), column);
     hqButton_->setCheckable(true);
-    hqButton_->setChecked(session_.Settings().option4 != 0);
+    hqButton_->setChecked(session_.Settings().highQuality != 0);
     hqButton_->setToolTip(tr("High quality: render at twice the size and shrink"));
     hqButton_->setObjectName("hq");
     // Checked must be plain to see at a glance, in every style.
@@ -309,7 +309,7 @@ QWidget* MainWindow::BuildControls() {
     layout->addLayout(renderRow);
     connect(renderButton_, &QPushButton::clicked, this, &MainWindow::RequestRender);
     connect(hqButton_, &QPushButton::toggled, this, [this](bool on) {
-        session_.Settings().option4 = on;
+        session_.Settings().highQuality = on;
         session_.Commit();
     });
     connect(progressButton_, &QPushButton::clicked, this,
@@ -420,7 +420,7 @@ void MainWindow::ConnectWorker() {
     connect(&sink, &QtWorkerSink::rowsRendered, this,
             [this](const QImage& strip, int first, int size) {
                 // Without the row-by-row option the picture appears once it is complete.
-                const bool rowByRow = session_.Settings().option7 != 0;
+                const bool rowByRow = session_.Settings().rowByRow != 0;
                 if (session_.Settings().separateRenderWindow)
                     renderWindow_->AddRows(strip, first, size, rowByRow);
                 else
@@ -467,11 +467,11 @@ void MainWindow::RefreshPanel() {
 void MainWindow::ShowToggles() {
     const AppSettings& s = session_.Settings();
     const QSignalBlocker a(objectWise_), b(incremental_), c(hqButton_);
-    hqButton_->setChecked(s.option4 != 0);
+    hqButton_->setChecked(s.highQuality != 0);
     objectWise_->setChecked(s.ObjectWiseMode != 0);
     incremental_->setChecked(s.IncrementalViewMode != 0);
-    panel_->SetTrimmingFrame(s.option6 != 0 && s.trimming[4] != 0, s.trimming[0], s.trimming[1],
-                             s.trimming[2], s.trimming[3]);
+    panel_->SetTrimmingFrame(s.showTrimmingFrame != 0 && s.trim.on != 0, s.trim.top, s.trim.bottom,
+                             s.trim.left, s.trim.right);
     lightArea_->SetViewPointPicture(s.targetPicture != 0);
     UpdateInfo();
 }

@@ -170,11 +170,11 @@ void OutputFlows::SaveScreenShot(QWidget* owner) {
     const QString path = WithFilterExtension(chosen, shotFilter_);
     const AppSettings& s = session_.Settings();
     FrameImage trimmed;
-    if (s.trimming[4])
-        trimmed = Trimmed(picture, s.trimming[0], s.trimming[1], s.trimming[2], s.trimming[3]);
+    if (s.trim.on)
+        trimmed = Trimmed(picture, s.trim.top, s.trim.bottom, s.trim.left, s.trim.right);
     const std::uint32_t background = BackgroundColourOf(s);
     std::string error;
-    if (!WritePicture(path.toStdString(), s.trimming[4] ? trimmed : picture,
+    if (!WritePicture(path.toStdString(), s.trim.on ? trimmed : picture,
                       PictureFormat(std::clamp(shotFilter_, 1, 7)), background, error)) {
         Tell(QCoreApplication::translate("Messages", messages::kFailedToOpenFile).toStdString() +
                  "\n\n" + error,
@@ -183,7 +183,7 @@ void OutputFlows::SaveScreenShot(QWidget* owner) {
     }
     ChoosePath(path.toStdString(), shotBlock_);
     RememberFolders();
-    if (!s.screenShotOption) {
+    if (!s.writePositionInfo) {
         Tell(messages::kOnlyPictureSaved);
         return;
     }
@@ -269,8 +269,8 @@ int OutputFlows::RunCaptureWindow(int firstFrame, bool existenceCheck) {
     run.firstFrame = firstFrame;
     run.viewPointRotation = s.IncrementalViewMode != 0;
     run.start = runStart_;
-    run.trimming = s.trimming[4] != 0;
-    run.margins = {s.trimming[0], s.trimming[1], s.trimming[2], s.trimming[3]};
+    run.trimming = s.trim.on != 0;
+    run.margins = {s.trim.top, s.trim.bottom, s.trim.left, s.trim.right};
     run.background = BackgroundColourOf(s);
     session_.Scene().SetCaptureRun(run);
     session_.Scene().SetCapturedFrames(firstFrame);
@@ -394,8 +394,8 @@ void OutputFlows::MakeAnimatedGif() {
     GifSettingsDialog settings(session_.Settings(), session_.Prompts(), owner_);
     if (settings.exec() != QDialog::Accepted)
         return;
-    session_.Settings().gifOption1 = settings.Result().gifOption1;
-    session_.Settings().gifOption2 = settings.Result().gifOption2;
+    session_.Settings().gifTimeWeight = settings.Result().gifTimeWeight;
+    session_.Settings().gifDirection = settings.Result().gifDirection;
     session_.Persist();
     gifBlock_.fullPath = captureBlock_.fullPath + "_ANI";
     const QString output = files_.Choose(
@@ -407,8 +407,8 @@ void OutputFlows::MakeAnimatedGif() {
         return;
     gifBlock_.fullPath = output.toStdString();
     session_.Scene().SetGifJob(
-        {captureBlock_.fullPath, n, session_.Settings().gifOption1,
-         session_.Settings().gifOption2 == 1 ? 1 : 0, gifBlock_.fullPath,
+        {captureBlock_.fullPath, n, session_.Settings().gifTimeWeight,
+         session_.Settings().gifDirection == 1 ? 1 : 0, gifBlock_.fullPath,
          RecordedFrameSize(captureBlock_.fullPath + captureBlock_.extension)});
     ProgressWindow window(Tr("Compiling Animated-GIF"), false, owner_);
     QtWorkerSink& sink = session_.Sink();
@@ -421,7 +421,7 @@ void OutputFlows::MakeAnimatedGif() {
     }
     // The first frame missing or damaged in the order the frames are loaded: backwards when
     // clockwise. Told here, in the window thread, so that the message is translated.
-    const bool clockwise = session_.Settings().gifOption2 == 1;
+    const bool clockwise = session_.Settings().gifDirection == 1;
     FrameSize size = session_.Scene().Gif().frameSize;
     for (int i = 0; i < n; ++i) {
         const std::string frame =

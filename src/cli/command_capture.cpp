@@ -125,8 +125,8 @@ int RunCapture(Arguments& args) {
     run.existenceCheck = scene.capture.existenceCheck != 0;
     run.viewPointRotation = s.IncrementalViewMode != 0;
     run.start = scene.view;
-    run.trimming = s.trimming[4] != 0;
-    run.margins = {s.trimming[0], s.trimming[1], s.trimming[2], s.trimming[3]};
+    run.trimming = s.trim.on != 0;
+    run.margins = {s.trim.top, s.trim.bottom, s.trim.left, s.trim.right};
     run.background = BackgroundColourOf(s);
     run.parameters = parameters;
     run.geometry = {s.imageSize, ScaleForSize(s.imageSize)};
@@ -189,9 +189,9 @@ int RunGif(Arguments& args) {
             "usage: kirameki-cli gif --sqi FILE.sqi --out FILE.gif [--delay T] "
             "[--clockwise] [--settings FILE]");
     if (delay < 0)
-        delay = scene.settings.gifOption1;
+        delay = scene.settings.gifTimeWeight;
     if (direction < 0)
-        direction = scene.settings.gifOption2 == 1 ? 1 : 0;
+        direction = scene.settings.gifDirection == 1 ? 1 : 0;
     scene.ReadRecord(sqi, true);
     const int n = scene.settings.captureFrames;
     if (n < 1 || n != scene.capture.framesCaptured)

@@ -12,9 +12,9 @@
 #include "output/capture_info.h"
 #include "output/path_block.h"
 #include "output/picture_writers.h"
-#include "scene/render_settings.h"
 #include "render/frame_renderer.h"
 #include "render/preview_geometry.h"
+#include "scene/render_settings.h"
 
 namespace kirameki::cli {
 
@@ -85,10 +85,9 @@ int RunRender(Arguments& args) {
     const AppSettings& s = scene.settings;
     const std::uint32_t background = BackgroundColourOf(scene.settings);
     FrameImage trimmed;
-    if (s.trimming[4])
-        trimmed = Trimmed(image, s.trimming[0], s.trimming[1], s.trimming[2], s.trimming[3]);
-    if (!WritePicture(out, s.trimming[4] ? trimmed : image, PictureFormat(format), background,
-                      error)) {
+    if (s.trim.on)
+        trimmed = Trimmed(image, s.trim.top, s.trim.bottom, s.trim.left, s.trim.right);
+    if (!WritePicture(out, s.trim.on ? trimmed : image, PictureFormat(format), background, error)) {
         std::cerr << "kirameki-cli: " << error << "\n";
         return 1;
     }

@@ -2,11 +2,12 @@
 #include <iostream>
 #include <string>
 
-#include "scene/program_paths.h"
 #include "cli/commands.h"
 #include "cli/json_writer.h"
 #include "cli/scene_arguments.h"
 #include "output/app_settings.h"
+#include "output/settings_layout.h"
+#include "scene/program_paths.h"
 
 namespace kirameki::cli {
 
@@ -20,45 +21,33 @@ std::string JsonArray(const std::array<T, N>& values) {
     return out + "]";
 }
 
+// One field of the settings file as JSON, by its type.
+std::string JsonValue(double value) {
+    return JsonNumber(value);
+}
+std::string JsonValue(std::int32_t value) {
+    return std::to_string(value);
+}
+std::string JsonValue(std::uint8_t value) {
+    return std::to_string(value);
+}
+std::string JsonValue(const PathBuffer& path) {
+    return JsonString(PathText(path));
+}
+std::string JsonValue(const Trim& trim) {
+    return JsonArray(
+        std::array{trim.top, trim.bottom, trim.left, trim.right, trim.on, trim.lastSetting});
+}
+template <typename T, std::size_t N>
+std::string JsonValue(const std::array<T, N>& values) {
+    return JsonArray(values);
+}
+
 void Dump(const AppSettings& s) {
     std::string out = "{";
-    const auto field = [&](const char* name, const std::string& value) {
-        out += (out.size() > 1 ? ",\n" : "\n") + JsonString(name) + ":" + value;
-    };
-    const auto number = [&](const char* name, long value) { field(name, std::to_string(value)); };
-    number("polygonColour", s.polygonColour);
-    number("stone", s.stone);
-    number("model", s.model);
-    number("stoneColour", s.stoneColour);
-    field("refractiveIndex", JsonNumber(s.refractiveIndex));
-    number("reserved1", s.reserved1);
-    number("showTitleWindow", s.showTitleWindow);
-    number("renderWindowTopMost", s.renderWindowTopMost);
-    number("rotationSpeed", s.rotationSpeed);
-    number("recursionDepth", s.recursionDepth);
-    number("targetPicture", s.targetPicture);
-    field("screenShotFolder", JsonString(PathText(s.screenShotFolder)));
-    number("screenShotOption", s.screenShotOption);
-    field("captureFolder", JsonString(PathText(s.captureFolder)));
-    number("captureFrames", s.captureFrames);
-    number("gifOption1", s.gifOption1);
-    number("gifOption2", s.gifOption2);
-    number("ObjectWiseMode", s.ObjectWiseMode);
-    number("IncrementalViewMode", s.IncrementalViewMode);
-    number("option4", s.option4);
-    number("option5", s.option5);
-    number("option6", s.option6);
-    number("option7", s.option7);
-    field("backColour", JsonArray(s.backColour));
-    number("reserved2", s.reserved2);
-    number("mainLightVolume", s.mainLightVolume);
-    number("backLightVolume", s.backLightVolume);
-    number("fillLightVolume", s.fillLightVolume);
-    number("lightOption", s.lightOption);
-    number("separateRenderWindow", s.separateRenderWindow);
-    number("imageSize", s.imageSize);
-    field("trimming", JsonArray(s.trimming));
-    field("modelParameters", JsonArray(s.modelParameters));
+    ForEachSettingsField(s, [&](const char* name, const auto& value) {
+        out += (out.size() > 1 ? ",\n" : "\n") + JsonString(name) + ":" + JsonValue(value);
+    });
     std::cout << out << "\n}\n";
 }
 

@@ -4,13 +4,13 @@
 #include <filesystem>
 #include <stdexcept>
 
-#include "scene/program_paths.h"
 #include "model/model_builder.h"
 #include "model/stone_choice.h"
 #include "model/stone_tables.h"
 #include "output/capture_info.h"
-#include "scene/render_settings.h"
 #include "render/rotation_steps.h"
+#include "scene/program_paths.h"
+#include "scene/render_settings.h"
 
 namespace kirameki::cli {
 
@@ -60,12 +60,12 @@ bool SceneArguments::Take(std::string_view flag, Arguments& args) {
     } else if (flag == "--depth") {
         s.recursionDepth = args.IntValue(flag, 1, 20);
     } else if (flag == "--hq") {
-        s.option4 = 1;
+        s.highQuality = 1;
     } else if (flag == "--fire") {
         const std::string value = args.Value(flag);
         if (value != "on" && value != "off")
             throw UsageError("--fire takes on or off");
-        s.option5 = value == "on";
+        s.fire = value == "on";
     } else if (flag == "--turn") {
         const std::string value = args.Value(flag);
         const auto colon = value.find(':');

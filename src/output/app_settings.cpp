@@ -10,53 +10,12 @@
 #include "output/atomic_file.h"
 #include "output/binary_fields.h"
 #include "output/file_reading.h"
+#include "output/settings_layout.h"
 
 namespace kirameki {
 
 static_assert(std::endian::native == std::endian::little,
               "the settings file is little-endian and read by copying bytes");
-
-namespace {
-
-// Visits every stored field in file order with its address and width.
-template <typename Settings, typename Visit>
-void ForEachField(Settings& s, Visit visit) {
-    visit(&s.polygonColour, 4);
-    visit(&s.stone, 4);
-    visit(&s.model, 4);
-    visit(&s.stoneColour, 4);
-    visit(&s.refractiveIndex, 8);
-    visit(&s.reserved1, 4);
-    visit(&s.showTitleWindow, 4);
-    visit(&s.renderWindowTopMost, 4);
-    visit(&s.rotationSpeed, 4);
-    visit(&s.recursionDepth, 4);
-    visit(&s.targetPicture, 1);
-    visit(s.screenShotFolder.data(), kPathBufferSize);
-    visit(&s.screenShotOption, 4);
-    visit(s.captureFolder.data(), kPathBufferSize);
-    visit(&s.captureFrames, 4);
-    visit(&s.gifOption1, 4);
-    visit(&s.gifOption2, 4);
-    visit(&s.ObjectWiseMode, 4);
-    visit(&s.IncrementalViewMode, 4);
-    visit(&s.option4, 4);
-    visit(&s.option5, 4);
-    visit(&s.option6, 4);
-    visit(&s.option7, 4);
-    visit(s.backColour.data(), 24);
-    visit(&s.reserved2, 4);
-    visit(&s.mainLightVolume, 4);
-    visit(&s.backLightVolume, 4);
-    visit(&s.fillLightVolume, 4);
-    visit(&s.lightOption, 4);
-    visit(&s.separateRenderWindow, 4);
-    visit(&s.imageSize, 4);
-    visit(s.trimming.data(), 24);
-    visit(s.modelParameters.data(), 48);
-}
-
-}  // namespace
 
 void LoadDefaults(AppSettings& s, const DefaultFolders& folders) {
     const StoneRecord& diamond = Stones()[0];
@@ -72,30 +31,30 @@ void LoadDefaults(AppSettings& s, const DefaultFolders& folders) {
     s.recursionDepth = 8;
     s.targetPicture = 1;
     SetPath(s.screenShotFolder, folders.screenShots);
-    s.screenShotOption = 1;
+    s.writePositionInfo = 1;
     SetPath(s.captureFolder, folders.captures);
     s.captureFrames = 128;
-    s.gifOption1 = 4;
-    s.gifOption2 = 0;
+    s.gifTimeWeight = 4;
+    s.gifDirection = 0;
     s.ObjectWiseMode = 0;
     s.IncrementalViewMode = 0;
-    s.option4 = 0;
-    s.option5 = 1;
-    s.option6 = 1;
-    s.option7 = 1;
+    s.highQuality = 0;
+    s.fire = 1;
+    s.showTrimmingFrame = 1;
+    s.rowByRow = 1;
     s.backColour.fill(0);
     // reserved2 is not part of the defaults and keeps its value.
     s.mainLightVolume = s.backLightVolume = s.fillLightVolume = 100;
-    s.lightOption = 0;
+    s.narrowMainLight = 0;
     s.separateRenderWindow = 0;
     s.imageSize = 270;
-    s.trimming.fill(0);
+    s.trim = {};
     s.modelParameters = kDefaultModelParameters;
 }
 
 void ReadSettingsBytes(const std::uint8_t* bytes, std::size_t size, AppSettings& settings) {
     FieldReader reader(bytes, size);
-    ForEachField(settings, [&](void* field, std::size_t width) { reader(field, width); });
+    ForEachSettingsField(settings, [&](const char*, auto& field) { reader(&field, sizeof field); });
 }
 
 SettingsLoad LoadSettings(const std::string& path, AppSettings& settings,
@@ -117,7 +76,8 @@ std::array<std::uint8_t, kSettingsFileSize> SettingsBytes(const AppSettings& set
     std::array<std::uint8_t, kSettingsFileSize> bytes{};
     std::vector<std::uint8_t> written;
     FieldWriter writer(written);
-    ForEachField(settings, [&](const void* field, std::size_t width) { writer(field, width); });
+    ForEachSettingsField(settings,
+                         [&](const char*, const auto& field) { writer(&field, sizeof field); });
     std::copy(written.begin(), written.end(), bytes.begin());
     return bytes;
 }

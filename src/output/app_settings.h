@@ -13,7 +13,21 @@ constexpr int kSettingsFileSize = 729;
 
 using PathBuffer = std::array<char, kPathBufferSize>;
 
-// Every persistent setting, in the order of the 729-byte settings file. The file is raw
+// The trimming of saved pictures: margins cut from each side (pixels) when on.
+struct Trim {
+    std::int32_t top = 0;
+    std::int32_t bottom = 0;
+    std::int32_t left = 0;
+    std::int32_t right = 0;
+    std::int32_t on = 0;
+    std::int32_t lastSetting = 0;  // stored and restored as it stands
+
+    std::array<std::int32_t, 4> Margins() const { return {top, bottom, left, right}; }
+    bool operator==(const Trim&) const = default;
+};
+
+// Every persistent setting of the 729-byte settings file; the file's order and widths are
+// kept in one place, ForEachSettingsField in settings_layout.h. The file is raw
 // little-endian binary: no header, no names, no checksum.
 struct AppSettings {
     std::int32_t polygonColour = 0;
@@ -24,31 +38,31 @@ struct AppSettings {
     std::int32_t reserved1 = 0;
     std::int32_t showTitleWindow = 0;
     std::int32_t renderWindowTopMost = 0;
-    std::int32_t rotationSpeed = 0;
+    std::int32_t rotationSpeed = 0;  // the wait of each turning step, milliseconds
     std::int32_t recursionDepth = 0;
-    std::uint8_t targetPicture = 0;
+    std::uint8_t targetPicture = 0;  // draw the view-point target pictures
     PathBuffer screenShotFolder{};
-    std::int32_t screenShotOption = 0;  // write the Position-Info file beside a shot
+    std::int32_t writePositionInfo = 0;  // write the Position-Info file beside a shot
     PathBuffer captureFolder{};
     std::int32_t captureFrames = 0;
     std::int32_t captureArgument = 0;  // the running capture's argument; not stored
-    std::int32_t gifOption1 = 0;       // animated GIF time weight
-    std::int32_t gifOption2 = 0;       // animated GIF direction
+    std::int32_t gifTimeWeight = 0;    // hundredths of a second each animation frame shows
+    std::int32_t gifDirection = 0;     // 0 anticlockwise, 1 clockwise
     std::int32_t ObjectWiseMode = 0;
     std::int32_t IncrementalViewMode = 0;
-    std::int32_t option4 = 0;  // the "HQ" toggle
-    std::int32_t option5 = 0;  // the "Fire" check box
-    std::int32_t option6 = 0;
-    std::int32_t option7 = 0;
+    std::int32_t highQuality = 0;               // the "HQ" toggle: render at twice the size
+    std::int32_t fire = 0;                      // the "Fire" check box: dispersion
+    std::int32_t showTrimmingFrame = 0;         // outline the trimmed picture over the preview
+    std::int32_t rowByRow = 0;                  // show the picture row by row while rendering
     std::array<std::int16_t, 12> backColour{};  // 0..2: red, green, blue of the back colour
     std::int32_t reserved2 = 0;
     std::int32_t mainLightVolume = 0;
     std::int32_t backLightVolume = 0;
     std::int32_t fillLightVolume = 0;
-    std::int32_t lightOption = 0;  // narrow main light
+    std::int32_t narrowMainLight = 0;
     std::int32_t separateRenderWindow = 0;
     std::int32_t imageSize = 0;
-    std::array<std::int32_t, 6> trimming{};  // top, bottom, left, right, on, last setting
+    Trim trim;
     ModelParameters modelParameters{};
 };
 

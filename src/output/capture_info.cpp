@@ -44,19 +44,17 @@ void ForEachField(Scene& scene, bool headerOnly, Visit visit) {
     visit(&v.view.AxisB, 24);
     visit(&c.panelOverlay, 4);
     visit(&s.IncrementalViewMode, 4);  // the run turns the view point, not the stone
-    visit(&s.option4, 4);
+    visit(&s.highQuality, 4);
     visit(&c.existenceCheck, 4);
-    visit(&s.option5, 4);
+    visit(&s.fire, 4);
     visit(s.backColour.data(), 24);
     visit(&s.mainLightVolume, 4);
     visit(&s.backLightVolume, 4);
     visit(&s.fillLightVolume, 4);
-    visit(&s.lightOption, 4);
+    visit(&s.narrowMainLight, 4);
     visit(&s.separateRenderWindow, 4);
     visit(&s.imageSize, 4);
-    visit(s.trimming.data(), 16);
-    visit(&s.trimming[4], 4);
-    visit(&s.trimming[5], 4);
+    visit(&s.trim, 24);
     // The parameters of the parametric solid just read, and only those.
     auto* p = s.modelParameters.data();
     switch (s.model) {

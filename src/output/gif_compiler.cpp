@@ -55,9 +55,8 @@ FrameSize RecordedFrameSize(const std::string& recordPath) {
     if (!ReadCaptureInfo(recordPath, scene, false).opened || settings.imageSize < 1 ||
         settings.imageSize > kMaxPictureSide)
         return {};
-    const auto& trim = settings.trimming;
-    const auto [width, height] = TrimmedSize(settings.imageSize, settings.imageSize, trim[4] != 0,
-                                             {trim[0], trim[1], trim[2], trim[3]});
+    const auto [width, height] = TrimmedSize(settings.imageSize, settings.imageSize,
+                                             settings.trim.on != 0, settings.trim.Margins());
     return {width, height};
 }
 

@@ -12,12 +12,12 @@ RenderParameters RenderParametersFor(const AppSettings& s) {
     p.stoneIndex = s.refractiveIndex;
     p.fireSpread = Stones()[s.stone].coefficient;
     p.depth = std::clamp(s.recursionDepth, 1, 20);
-    p.highQuality = s.option4 != 0;
-    p.fire = s.option5 != 0;
+    p.highQuality = s.highQuality != 0;
+    p.fire = s.fire != 0;
     p.backColour = {s.backColour[0], s.backColour[1], s.backColour[2]};
     p.lightVolumes = {std::clamp(s.mainLightVolume, 0, 200), std::clamp(s.backLightVolume, 0, 200),
                       std::clamp(s.fillLightVolume, 0, 200)};
-    p.narrowMainLight = s.lightOption;
+    p.narrowMainLight = s.narrowMainLight;
     return p;
 }
 

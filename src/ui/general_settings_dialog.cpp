@@ -85,18 +85,18 @@ GeneralSettingsDialog::GeneralSettingsDialog(const AppSettings& settings, Prompt
 
 void GeneralSettingsDialog::Show(const AppSettings& s) {
     depth_->setValue(s.recursionDepth);
-    fire_->setChecked(s.option5 != 0);
-    narrowLight_->setChecked(s.lightOption != 0);
-    positionInfo_->setChecked(s.screenShotOption != 0);
-    trimming_->setChecked(s.trimming[4] != 0);
+    fire_->setChecked(s.fire != 0);
+    narrowLight_->setChecked(s.narrowMainLight != 0);
+    positionInfo_->setChecked(s.writePositionInfo != 0);
+    trimming_->setChecked(s.trim.on != 0);
     for (int i = 0; i < 4; ++i) {
-        margins_[i]->setValue(s.trimming[i]);
-        margins_[i]->setEnabled(s.trimming[4] != 0);
+        margins_[i]->setValue(s.trim.Margins()[std::size_t(i)]);
+        margins_[i]->setEnabled(s.trim.on != 0);
     }
-    trimmingFrame_->setChecked(s.option6 != 0);
+    trimmingFrame_->setChecked(s.showTrimmingFrame != 0);
     rotationSpeed_->setValue(s.rotationSpeed);
     targetPicture_->setChecked(s.targetPicture != 0);
-    rowByRow_->setChecked(s.option7 != 0);
+    rowByRow_->setChecked(s.rowByRow != 0);
 }
 
 bool GeneralSettingsDialog::Store(AppSettings& s) {
@@ -107,18 +107,18 @@ bool GeneralSettingsDialog::Store(AppSettings& s) {
         return false;
     }
     s.recursionDepth = depth_->value();
-    s.option5 = fire_->isChecked() ? 1 : 0;
-    s.lightOption = narrowLight_->isChecked() ? 1 : 0;
-    s.screenShotOption = positionInfo_->isChecked() ? 1 : 0;
-    s.trimming[0] = top;
-    s.trimming[1] = bottom;
-    s.trimming[2] = left;
-    s.trimming[3] = right;
-    s.trimming[4] = trimming_->isChecked() ? 1 : 0;
-    s.option6 = trimmingFrame_->isChecked() ? 1 : 0;
+    s.fire = fire_->isChecked() ? 1 : 0;
+    s.narrowMainLight = narrowLight_->isChecked() ? 1 : 0;
+    s.writePositionInfo = positionInfo_->isChecked() ? 1 : 0;
+    s.trim.top = top;
+    s.trim.bottom = bottom;
+    s.trim.left = left;
+    s.trim.right = right;
+    s.trim.on = trimming_->isChecked() ? 1 : 0;
+    s.showTrimmingFrame = trimmingFrame_->isChecked() ? 1 : 0;
     s.rotationSpeed = rotationSpeed_->value();
     s.targetPicture = targetPicture_->isChecked() ? 1 : 0;
-    s.option7 = rowByRow_->isChecked() ? 1 : 0;
+    s.rowByRow = rowByRow_->isChecked() ? 1 : 0;
     return true;
 }
 

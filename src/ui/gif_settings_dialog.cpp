@@ -54,7 +54,7 @@ GifSettingsDialog::GifSettingsDialog(const AppSettings& settings, Prompter& prom
     body->addWidget(weight);
     body->addWidget(direction);
     FinishLayout(body);
-    Show(settings.gifOption1, settings.gifOption2);
+    Show(settings.gifTimeWeight, settings.gifDirection);
 }
 
 void GifSettingsDialog::Show(int timeWeight, int direction) {
@@ -63,8 +63,8 @@ void GifSettingsDialog::Show(int timeWeight, int direction) {
 }
 
 bool GifSettingsDialog::Store(AppSettings& s) {
-    s.gifOption1 = timeWeight_->value();
-    s.gifOption2 = anticlockwise_->isChecked() ? 0 : 1;
+    s.gifTimeWeight = timeWeight_->value();
+    s.gifDirection = anticlockwise_->isChecked() ? 0 : 1;
     return true;
 }
 
@@ -72,7 +72,7 @@ void GifSettingsDialog::RestoreDefaults() {
     if (!prompter_.AskYesNo(kRestoreDefaultQuestion, DefaultAnswer::kYes))
         return;
     const AppSettings defaults = Defaults();
-    Show(defaults.gifOption1, defaults.gifOption2);
+    Show(defaults.gifTimeWeight, defaults.gifDirection);
 }
 
 }  // namespace kirameki

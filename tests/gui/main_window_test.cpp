@@ -72,7 +72,7 @@ class MainWindowTest : public QObject {
         Viewer v(dir_.path(), [](AppSettings& s) {
             s.showTitleWindow = 0;
             s.imageSize = 200;
-            s.option4 = 1;  // high quality: long enough to ask during it
+            s.highQuality = 1;  // high quality: long enough to ask during it
             s.recursionDepth = 20;
         });
         MainWindow& w = *v.window;
@@ -135,7 +135,7 @@ class MainWindowTest : public QObject {
             s.showTitleWindow = 0;
             s.imageSize = 48;
             s.captureFrames = 6;
-            s.option5 = 0;
+            s.fire = 0;
         });
         MainWindow& w = *v.window;
         ModalAnswers answers;
@@ -148,7 +148,7 @@ class MainWindowTest : public QObject {
         // A longer run, aborted from its progress window: the record keeps how far it got.
         v.session->Settings().captureFrames = 40;
         v.session->Settings().imageSize = 256;
-        v.session->Settings().option4 = 1;
+        v.session->Settings().highQuality = 1;
         v.session->Commit();
         answers.abortCapture = true;
         v.files.answers << folder + "/Long.sqi";
@@ -186,7 +186,7 @@ class MainWindowTest : public QObject {
             s.showTitleWindow = 0;
             s.imageSize = 32;
             s.captureFrames = 4;
-            s.option5 = 0;
+            s.fire = 0;
         });
         ModalAnswers answers;
         // Another run (here the command line's, in effect) holds the record.

@@ -83,7 +83,7 @@ QString Frame(const QString& stem, int index, int count) {
 // A render long enough to act during it.
 void SlowRender(AppSettings& s) {
     s.imageSize = 512;
-    s.option4 = 1;
+    s.highQuality = 1;
     s.recursionDepth = 20;
 }
 
@@ -287,10 +287,10 @@ class ViewerBehaviourTest : public QObject {
         Viewer v(folder, [](AppSettings& s) { s.imageSize = 40; });
         MainWindow& w = *v.window;
         AppSettings saved = v.session->Settings();
-        saved.option4 = 1;
+        saved.highQuality = 1;
         saved.IncrementalViewMode = 1;
-        saved.option6 = 1;
-        saved.trimming = {2, 3, 4, 5, 1, 0};
+        saved.showTrimmingFrame = 1;
+        saved.trim = {2, 3, 4, 5, 1, 0};
         saved.captureFrames = 9;
         ViewState view = InitialViewState();
         CaptureState capture{7, 1, 0};
@@ -320,7 +320,7 @@ class ViewerBehaviourTest : public QObject {
         Viewer v(folder, [](AppSettings& s) {
             s.imageSize = 32;
             s.captureFrames = 4;
-            s.gifOption2 = 1;  // clockwise
+            s.gifDirection = 1;  // clockwise
         });
         ModalAnswers answers;
         v.files.answers << folder + "/Four.sqi";
@@ -483,7 +483,7 @@ class ViewerBehaviourTest : public QObject {
         QTest::keyClick(&w, Qt::Key_Escape);
         QCOMPARE(v.prompter.asked, QStringList{kNowRendering});
         QTRY_VERIFY_WITH_TIMEOUT(!v.session->Client().Rendering(), 60000);
-        v.session->Settings().option4 = 0;
+        v.session->Settings().highQuality = 0;
         v.session->Settings().imageSize = 32;
         QTest::keyClick(&w, Qt::Key_R, Qt::ControlModifier);
         QTRY_VERIFY_WITH_TIMEOUT(finished.count() == 2, 20000);
@@ -513,7 +513,7 @@ class ViewerBehaviourTest : public QObject {
         QCOMPARE(w.HqButton().geometry(), hq);
         QTest::mouseClick(&w.HqButton(), Qt::LeftButton);  // HQ was on for the render
         QVERIFY(!w.HqButton().isChecked());
-        QCOMPARE(v.session->Settings().option4, 0);
+        QCOMPARE(v.session->Settings().highQuality, 0);
     }
 
     // A setting confirmed with OK is on disk at once, not only when the viewer closes.

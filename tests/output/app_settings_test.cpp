@@ -56,7 +56,7 @@ TEST_F(SettingsFile, WrittenAndReadBackGivesTheSame729Bytes) {
     LoadDefaults(s, kFolders);
     s.backColour = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, -12};
     s.reserved2 = 77;
-    s.trimming = {1, 2, 3, 4, 1, 9};
+    s.trim = {1, 2, 3, 4, 1, 9};
     SetPath(s.screenShotFolder, "/home/u/宝石/ScreenShots/");
     std::string error;
     ASSERT_TRUE(SaveSettings(Path("Setting.ini"), s, error)) << error;
@@ -91,7 +91,7 @@ TEST_F(SettingsFile, AShortFileLoadsWhatItHoldsAndLeavesTheRestZero) {
     EXPECT_EQ(s.refractiveIndex, 2.42);
     EXPECT_EQ(s.targetPicture, 1);  // field 11 is the last whole one
     EXPECT_EQ(PathText(s.screenShotFolder), std::string(55, 'a'));
-    EXPECT_EQ(s.screenShotOption, 0);
+    EXPECT_EQ(s.writePositionInfo, 0);
     EXPECT_EQ(PathText(s.captureFolder), "");
     EXPECT_EQ(s.imageSize, 0);
     EXPECT_EQ(s.modelParameters[11], 0);

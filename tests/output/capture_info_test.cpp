@@ -33,7 +33,7 @@ TEST(CaptureInfo, ReadsBackTheWholeSceneFromTheSameBytes) {
     from.settings.model = 23;
     from.settings.stone = 4;
     from.settings.modelParameters[kEllipsoidSurfaces] = 12;
-    from.settings.trimming = {1, 2, 3, 4, 1, 7};
+    from.settings.trim = {1, 2, 3, 4, 1, 7};
     from.capture = {17, 1, 0};
     from.settings.captureFrames = 64;
     RotationStep(from.view.view,

@@ -200,8 +200,8 @@ TEST(Tracer, ThePlainAndTheAvx2PlaneSearchGiveTheSamePictures) {
                 const double r0 = optics::NormalReflectance(1.0, 2.42);
                 const int a = Trace_TraceVector({x, y, -1.1}, {0, 0, 1}, 1.0, 2.42, 0, r0,
                                                 stone.scene, chosen);
-                const int b = Trace_TraceVector({x, y, -1.1}, {0, 0, 1}, 1.0, 2.42, 0, r0,
-                                                plainScene, plain);
+                const int b =
+                    Trace_TraceVector({x, y, -1.1}, {0, 0, 1}, 1.0, 2.42, 0, r0, plainScene, plain);
                 ASSERT_EQ(a, b) << entry << " " << x << " " << y;
                 ++rays;
                 // Fused multiply-adds may move a ray that grazes an edge onto its neighbour.

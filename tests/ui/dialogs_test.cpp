@@ -79,9 +79,9 @@ class DialogsTest : public QObject {
         QTest::addColumn<QString>("question");
         using Alter = std::function<void(AppSettings&)>;
         QTest::newRow("general") << Make<GeneralSettingsDialog>() << Alter([](AppSettings& s) {
-            s.recursionDepth = 20, s.option5 = 0, s.lightOption = 1, s.screenShotOption = 0;
-            s.trimming = {10, 20, 30, 40, 1, 0};
-            s.option6 = 0, s.option7 = 0, s.rotationSpeed = 120, s.targetPicture = 0;
+            s.recursionDepth = 20, s.fire = 0, s.narrowMainLight = 1, s.writePositionInfo = 0;
+            s.trim = {10, 20, 30, 40, 1, 0};
+            s.showTrimmingFrame = 0, s.rowByRow = 0, s.rotationSpeed = 120, s.targetPicture = 0;
         }) << QString("Restore default settings?");
         QTest::newRow("size") << Make<SizeDialog>() << Alter([](AppSettings& s) {
             s.imageSize = 512, s.separateRenderWindow = 1;
@@ -97,7 +97,7 @@ class DialogsTest : public QObject {
         QTest::newRow("capture") << Make<CaptureHeaderDialog>()
                                  << Alter([](AppSettings& s) { s.captureFrames = 7; }) << QString();
         QTest::newRow("gif") << Make<GifSettingsDialog>() << Alter([](AppSettings& s) {
-            s.gifOption1 = 65535, s.gifOption2 = 1;
+            s.gifTimeWeight = 65535, s.gifDirection = 1;
         }) << QString("Restore default setting?");
     }
 
@@ -166,13 +166,13 @@ class DialogsTest : public QObject {
         Click(dialog, "ok");
         const AppSettings& r = dialog.Result();
         QCOMPARE(r.recursionDepth, 2);  // "25" stops at "2": the box refuses the 5
-        QCOMPARE(r.option5, 0);
-        QCOMPARE(r.lightOption, 1);
-        QCOMPARE(r.option6, 0);
-        QCOMPARE(r.option7, 1);
+        QCOMPARE(r.fire, 0);
+        QCOMPARE(r.narrowMainLight, 1);
+        QCOMPARE(r.showTrimmingFrame, 0);
+        QCOMPARE(r.rowByRow, 1);
         QCOMPARE(r.targetPicture, 0);
-        QCOMPARE(r.screenShotOption, 1);
-        QCOMPARE(r.trimming, (std::array<std::int32_t, 6>{0, 0, 30, 0, 1, 0}));
+        QCOMPARE(r.writePositionInfo, 1);
+        QVERIFY((r.trim == Trim{0, 0, 30, 0, 1, 0}));
     }
 
     void TrimmingMustLeaveAPicture() {
@@ -193,7 +193,7 @@ class DialogsTest : public QObject {
         Child<QCheckBox>(dialog, "trimming").setChecked(false);
         Click(dialog, "ok");
         QVERIFY(!dialog.isVisible());
-        QCOMPARE(dialog.Result().trimming[2] + dialog.Result().trimming[3], 100);
+        QCOMPARE(dialog.Result().trim.left + dialog.Result().trim.right, 100);
     }
 
     void SizeStaysInRange() {
@@ -281,8 +281,8 @@ class DialogsTest : public QObject {
         Child<QRadioButton>(gif, "clockwise").click();
         Type(Child<QSpinBox>(gif, "timeWeight"), "100");
         Click(gif, "ok");
-        QCOMPARE(gif.Result().gifOption1, 100);
-        QCOMPARE(gif.Result().gifOption2, 1);
+        QCOMPARE(gif.Result().gifTimeWeight, 100);
+        QCOMPARE(gif.Result().gifDirection, 1);
     }
 };
 

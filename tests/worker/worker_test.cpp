@@ -121,7 +121,7 @@ TEST(WorkerProtocol, ARenderRunsToTheEndAndALateAbortIsDropped) {
 TEST(WorkerProtocol, TheBusyRuleAsksAndOnlyYesAborts) {
     Protocol p(512);
     p.scene.UpdateSettings([](AppSettings& s) {
-        s.option4 = 1;
+        s.highQuality = 1;
         s.recursionDepth = 20;
     });
     ASSERT_TRUE(p.client.Render());
@@ -140,7 +140,7 @@ TEST(WorkerProtocol, TheBusyRuleAsksAndOnlyYesAborts) {
 
 TEST(WorkerProtocol, ARenderPollEatsARotationRequest) {
     Protocol p(512);
-    p.scene.UpdateSettings([](AppSettings& s) { s.option4 = 1; });
+    p.scene.UpdateSettings([](AppSettings& s) { s.highQuality = 1; });
     ASSERT_TRUE(p.client.Render());
     ASSERT_TRUE(p.sink.WaitFor("started", 1));
     p.client.Post(kAnimateRotation, 1006);  // taken by the render's poll and lost
