@@ -23,11 +23,11 @@
 #include <QVBoxLayout>
 #include <cstdio>
 
-#include "model/index_text.h"
 #include "app/light_area.h"
 #include "app/output_flows.h"
 #include "app/render_window.h"
 #include "app/view_panel.h"
+#include "model/index_text.h"
 #include "model/model_builder.h"
 #include "model/stone_choice.h"
 #include "model/stone_tables.h"

@@ -16,7 +16,10 @@
 #include "output/messages.h"
 #include "output/picture_writers.h"
 #include "output/record_lock.h"
+#include "scene/capture_job.h"
+#include "scene/gif_job.h"
 #include "scene/render_settings.h"
+#include "scene/screen_shot.h"
 #include "ui/capture_header_dialog.h"
 #include "ui/gif_settings_dialog.h"
 
@@ -168,14 +171,12 @@ void OutputFlows::SaveScreenShot(QWidget* owner) {
     if (chosen.isEmpty())
         return;
     const QString path = WithFilterExtension(chosen, shotFilter_);
-    const AppSettings& s = session_.Settings();
-    FrameImage trimmed;
-    if (s.trim.on)
-        trimmed = Trimmed(picture, s.trim.top, s.trim.bottom, s.trim.left, s.trim.right);
-    const std::uint32_t background = BackgroundColourOf(s);
+    AppSettings settings = session_.Settings();
+    ViewState view = session_.Scene().ShownView();
     std::string error;
-    if (!WritePicture(path.toStdString(), s.trim.on ? trimmed : picture,
-                      PictureFormat(std::clamp(shotFilter_, 1, 7)), background, error)) {
+    if (!kirameki::SaveScreenShot(
+            picture, path.toStdString(), PictureFormat(std::clamp(shotFilter_, 1, 7)),
+            {settings, view, capture_}, settings.writePositionInfo != 0, error)) {
         Tell(QCoreApplication::translate("Messages", messages::kFailedToOpenFile).toStdString() +
                  "\n\n" + error,
              true);
@@ -183,12 +184,8 @@ void OutputFlows::SaveScreenShot(QWidget* owner) {
     }
     ChoosePath(path.toStdString(), shotBlock_);
     RememberFolders();
-    if (!s.writePositionInfo) {
-        Tell(messages::kOnlyPictureSaved);
-        return;
-    }
-    WriteRecord(shotBlock_.fullPath + ".gpi", session_.Scene().ShownView());
-    Tell(messages::kPictureAndPositionSaved);
+    Tell(settings.writePositionInfo ? messages::kPictureAndPositionSaved
+                                    : messages::kOnlyPictureSaved);
 }
 
 void OutputFlows::AdoptScene(const AppSettings& read, const ViewState& view) {
@@ -261,19 +258,10 @@ void OutputFlows::RestorePosition() {
         Tell(record->refused, true);
 }
 
-int OutputFlows::RunCaptureWindow(int firstFrame, bool existenceCheck) {
-    const AppSettings& s = session_.Settings();
-    CaptureRun run;
-    run.stem = captureBlock_.fullPath;
-    run.frameCount = s.captureFrames;
-    run.firstFrame = firstFrame;
-    run.viewPointRotation = s.IncrementalViewMode != 0;
-    run.start = runStart_;
-    run.trimming = s.trim.on != 0;
-    run.margins = {s.trim.top, s.trim.bottom, s.trim.left, s.trim.right};
-    run.background = BackgroundColourOf(s);
-    session_.Scene().SetCaptureRun(run);
-    session_.Scene().SetCapturedFrames(firstFrame);
+int OutputFlows::RunCaptureWindow(const CaptureStart& from) {
+    const CaptureRun run =
+        MakeCaptureRun(session_.Settings(), runStart_, captureBlock_.fullPath, from);
+    session_.Scene().SetCapturedFrames(from.firstFrame);
     ProgressWindow window(Tr("Automatic Screen Capturing"), true, owner_);
     QtWorkerSink& sink = session_.Sink();
     connect(&sink, &QtWorkerSink::captureProgress, &window, &ProgressWindow::Progress);
@@ -281,7 +269,7 @@ int OutputFlows::RunCaptureWindow(int firstFrame, bool existenceCheck) {
     connect(&window, &ProgressWindow::abortRequested, &window,
             [this] { session_.Client().Post(kAbortJob); });
     connect(&window, &ProgressWindow::started, &window,
-            [this, existenceCheck] { session_.Client().StartCapture(existenceCheck ? 1 : 0); });
+            [this, &run] { session_.Client().StartCapture(run); });
     window.exec();
     owner_->raise();
     owner_->activateWindow();
@@ -315,7 +303,7 @@ void OutputFlows::NewCapture() {
     // The record keeps the orientation of frame 0, whatever frame an abort stops at.
     runStart_ = session_.Scene().ShownView();
     WriteRecord(path.toStdString(), runStart_);
-    capture_.framesCaptured = RunCaptureWindow(0, false);
+    capture_.framesCaptured = RunCaptureWindow({0, false});
     WriteRecord(captureBlock_.fullPath + captureBlock_.extension, runStart_);
     TellCaptureEnd(session_.Settings().captureFrames);
 }
@@ -346,8 +334,8 @@ void OutputFlows::ResumeCapture() {
     const AppSettings& settings = record->settings;
     const ViewState& view = record->view;
     const CaptureState& capture = record->capture;
-    if (!SceneProblem(settings).empty() || capture.framesCaptured < 0 ||
-        capture.framesCaptured > settings.captureFrames) {
+    if (!SceneProblem(settings).empty() ||
+        !RecordedCountsProblem(capture, settings.captureFrames).empty()) {
         Tell(SceneProblem(settings).empty()
                  ? Tr("The capture file's frame counts are damaged.").toStdString()
                  : SceneProblem(settings),
@@ -363,11 +351,10 @@ void OutputFlows::ResumeCapture() {
     AdoptScene(settings, view);
     const int n = settings.captureFrames;
     const bool complete = capture_.framesCaptured == n;
-    capture_.framesCaptured =
-        RunCaptureWindow(complete ? n : capture_.framesCaptured, capture_.existenceCheck != 0);
+    capture_.framesCaptured = RunCaptureWindow(ResumeStart(capture_, n, false));
     if (complete && session_.Prompts().AskYesNo(messages::kAlreadyComplete, DefaultAnswer::kYes)) {
         capture_.existenceCheck = 1;
-        capture_.framesCaptured = RunCaptureWindow(0, true);
+        capture_.framesCaptured = RunCaptureWindow(ResumeStart(capture_, n, true));
     }
     WriteRecord(captureBlock_.fullPath + captureBlock_.extension, runStart_);
     TellCaptureEnd(n);
@@ -406,23 +393,23 @@ void OutputFlows::MakeAnimatedGif() {
     if (output.isEmpty())
         return;
     gifBlock_.fullPath = output.toStdString();
-    session_.Scene().SetGifJob(
-        {captureBlock_.fullPath, n, session_.Settings().gifTimeWeight,
-         session_.Settings().gifDirection == 1 ? 1 : 0, gifBlock_.fullPath,
-         RecordedFrameSize(captureBlock_.fullPath + captureBlock_.extension)});
+    const GifJob job = MakeGifJob(captureBlock_.fullPath + captureBlock_.extension, n,
+                                  session_.Settings().gifTimeWeight,
+                                  session_.Settings().gifDirection, gifBlock_.fullPath);
     ProgressWindow window(Tr("Compiling Animated-GIF"), false, owner_);
     QtWorkerSink& sink = session_.Sink();
     connect(&sink, &QtWorkerSink::gifProgress, &window, &ProgressWindow::Progress);
     connect(&sink, &QtWorkerSink::gifFinished, &window, &ProgressWindow::Finish);
-    connect(&window, &ProgressWindow::started, &window, [this] { session_.Client().StartGif(); });
+    connect(&window, &ProgressWindow::started, &window,
+            [this, &job] { session_.Client().StartGif(job); });
     if (window.exec() == 1) {
         Tell(Formatted(messages::kAnimationSaved, gifBlock_.fullPath));
         return;
     }
     // The first frame missing or damaged in the order the frames are loaded: backwards when
     // clockwise. Told here, in the window thread, so that the message is translated.
-    const bool clockwise = session_.Settings().gifDirection == 1;
-    FrameSize size = session_.Scene().Gif().frameSize;
+    const bool clockwise = job.direction == 1;
+    FrameSize size = job.frameSize;
     for (int i = 0; i < n; ++i) {
         const std::string frame =
             FrameFileName(captureBlock_.fullPath, clockwise ? n - 1 - i : i, n);

@@ -10,6 +10,7 @@
 #include "output/path_block.h"
 #include "output/record_lock.h"
 #include "output/scene_state.h"
+#include "scene/capture_job.h"
 
 class QWidget;
 
@@ -62,9 +63,9 @@ class OutputFlows : public QObject {
     };
     std::optional<OpenedRecord> OpenRecord(bool captureFile, bool headerOnly, PathBlock& block);
 
-    // Runs the capture progress window with the frames from firstFrame; answers the
+    // Runs the capture progress window from the start given; answers the
     // frames on disk afterwards.
-    int RunCaptureWindow(int firstFrame, bool existenceCheck);
+    int RunCaptureWindow(const CaptureStart& from);
     // Holds the capture record for the length of a run; false after saying that another
     // run (this viewer's or the command line's) holds it.
     bool LockRecord(RecordLock& lock);

@@ -3,12 +3,12 @@
 #include <memory>
 #include <string>
 
+#include "app/qt_worker_sink.h"
+#include "scene/program_paths.h"
 #include "worker/key_state.h"
 #include "worker/keyboard_thread.h"
 #include "worker/message_queue.h"
-#include "scene/program_paths.h"
 #include "worker/prompter.h"
-#include "app/qt_worker_sink.h"
 #include "worker/shared_scene.h"
 #include "worker/worker.h"
 #include "worker/worker_client.h"

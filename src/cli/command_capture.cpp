@@ -13,6 +13,8 @@
 #include "output/messages.h"
 #include "output/path_block.h"
 #include "output/record_lock.h"
+#include "scene/capture_job.h"
+#include "scene/gif_job.h"
 #include "scene/render_settings.h"
 
 namespace kirameki::cli {
@@ -84,7 +86,7 @@ int RunCapture(Arguments& args) {
         std::cerr << "kirameki-cli: " << error << "\n";
         return 1;
     }
-    bool complete = false;
+    CaptureStart from;
     if (resume) {
         // As the viewer does: what the record does not hold comes from the settings file
         // given, else from the program's own, unless --depth said otherwise.
@@ -95,41 +97,29 @@ int RunCapture(Arguments& args) {
                 scene.settings.recursionDepth = depth;
         }
         scene.ReadRecord(sqi, false);
-        complete = scene.settings.captureFrames == scene.capture.framesCaptured;
-        if (checkExistence) {
-            scene.capture.existenceCheck = 1;
-            scene.capture.framesCaptured = 0;
-        }
+        if (const std::string problem =
+                RecordedCountsProblem(scene.capture, scene.settings.captureFrames);
+            !problem.empty())
+            throw UsageError(problem);
+        from = ResumeStart(scene.capture, scene.settings.captureFrames, checkExistence);
+        if (checkExistence)
+            scene.capture.existenceCheck = 1;  // a later resume checks again
     } else {
         if (frames)
             scene.settings.captureFrames = frames;
         scene.capture = {};
     }
-    const RenderParameters parameters = scene.Parameters();
-    const AppSettings& s = scene.settings;
-    if (scene.capture.framesCaptured < 0 || scene.capture.framesCaptured > s.captureFrames)
-        throw UsageError("the capture file says " + std::to_string(scene.capture.framesCaptured) +
-                         " of " + std::to_string(s.captureFrames) + " frames are done");
+    scene.Parameters();  // refuses a scene no table holds
     if (!resume && !WriteCaptureInfo(sqi, scene.Scene(), error)) {
         std::cerr << "kirameki-cli: " << messages::kFailedToOpenFile << " " << error << "\n";
         return 1;
     }
 
     auto model = std::make_unique<GemModel>();
-    BuildModel(s.model, s.modelParameters, *model);
+    BuildSceneModel(scene.settings, *model);
     auto work = std::make_unique<TracerWorkAreas>();
-    CaptureRun run;
-    run.stem = block.fullPath;
-    run.frameCount = s.captureFrames;
-    run.firstFrame = complete && !checkExistence ? s.captureFrames : scene.capture.framesCaptured;
-    run.existenceCheck = scene.capture.existenceCheck != 0;
-    run.viewPointRotation = s.IncrementalViewMode != 0;
-    run.start = scene.view;
-    run.trimming = s.trim.on != 0;
-    run.margins = {s.trim.top, s.trim.bottom, s.trim.left, s.trim.right};
-    run.background = BackgroundColourOf(s);
-    run.parameters = parameters;
-    run.geometry = {s.imageSize, ScaleForSize(s.imageSize)};
+    CaptureRun run = MakeCaptureRun(scene.settings, scene.view, block.fullPath, from);
+    run.parameters.threads = scene.threads;
 
     FrameImage image;
     QuietSink sink;
@@ -191,20 +181,18 @@ int RunGif(Arguments& args) {
     if (delay < 0)
         delay = scene.settings.gifTimeWeight;
     if (direction < 0)
-        direction = scene.settings.gifDirection == 1 ? 1 : 0;
+        direction = scene.settings.gifDirection;
     scene.ReadRecord(sqi, true);
     const int n = scene.settings.captureFrames;
     if (n < 1 || n != scene.capture.framesCaptured)
         throw UsageError(messages::kNotAllFramesCaptured);
-    PathBlock block;
-    ChoosePath(sqi, block);
+    const GifJob job = MakeGifJob(sqi, n, delay, direction, out);
     std::string message;
     GifCompiled compiled = GifCompiled::kWriteFailed;
     {
         TerminalProgress bar("compiling");
-        compiled = CompileAnimatedGif(
-            block.fullPath, n, RecordedFrameSize(sqi), delay, direction, out,
-            [&](int i, int total) { bar.Show(i, total); }, message);
+        compiled = RunGifJob(
+            job, [&](int i, int total) { bar.Show(i, total); }, message);
     }
     if (compiled != GifCompiled::kSaved) {
         std::cerr << message << "\n";

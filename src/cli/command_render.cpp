@@ -15,6 +15,7 @@
 #include "render/frame_renderer.h"
 #include "render/preview_geometry.h"
 #include "scene/render_settings.h"
+#include "scene/screen_shot.h"
 
 namespace kirameki::cli {
 
@@ -63,13 +64,13 @@ int RunRender(Arguments& args) {
     const RenderParameters parameters = scene.Parameters();
 
     auto model = std::make_unique<GemModel>();
-    BuildModel(scene.settings.model, scene.settings.modelParameters, *model);
+    BuildSceneModel(scene.settings, *model);
     const ViewState& view = scene.view;
     TransformVertices(view, *model);
     WriteAllFaceData(*model);
 
     auto work = std::make_unique<TracerWorkAreas>();
-    const RenderGeometry geometry{scene.settings.imageSize, ScaleForSize(scene.settings.imageSize)};
+    const RenderGeometry geometry = GeometryFor(scene.settings);
     FrameImage image;
     SilentSink sink;
     std::vector<double> times;
@@ -82,22 +83,9 @@ int RunRender(Arguments& args) {
     }
     std::nth_element(times.begin(), times.begin() + times.size() / 2, times.end());
     std::string error;
-    const AppSettings& s = scene.settings;
-    const std::uint32_t background = BackgroundColourOf(scene.settings);
-    FrameImage trimmed;
-    if (s.trim.on)
-        trimmed = Trimmed(image, s.trim.top, s.trim.bottom, s.trim.left, s.trim.right);
-    if (!WritePicture(out, s.trim.on ? trimmed : image, PictureFormat(format), background, error)) {
+    if (!SaveScreenShot(image, out, PictureFormat(format), scene.Scene(), positionInfo, error)) {
         std::cerr << "kirameki-cli: " << error << "\n";
         return 1;
-    }
-    if (positionInfo) {
-        PathBlock block;
-        ChoosePath(out, block);
-        if (!WriteCaptureInfo(block.fullPath + ".gpi", scene.Scene(), error)) {
-            std::cerr << "kirameki-cli: " << error << "\n";
-            return 1;
-        }
     }
     std::printf("frame: %.1f ms\n", times[times.size() / 2]);
     return 0;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "model/model_builder.h"
 #include "model/stone_tables.h"
 
 namespace kirameki {
@@ -25,6 +26,14 @@ std::uint32_t BackgroundColourOf(const AppSettings& s) {
     return PackRgb(std::clamp<int>(s.backColour[0], 0, 255),
                    std::clamp<int>(s.backColour[1], 0, 255),
                    std::clamp<int>(s.backColour[2], 0, 255));
+}
+
+RenderGeometry GeometryFor(const AppSettings& s) {
+    return {s.imageSize, ScaleForSize(s.imageSize)};
+}
+
+void BuildSceneModel(const AppSettings& s, GemModel& model) {
+    BuildModel(s.model, s.modelParameters, model);
 }
 
 }  // namespace kirameki

@@ -15,4 +15,11 @@ RenderParameters RenderParametersFor(const AppSettings& settings);
 // The back colour packed red | green << 8 | blue << 16, each kept within a byte.
 std::uint32_t BackgroundColourOf(const AppSettings& settings);
 
+// The picture's size and the pixel scale of the stone in it.
+RenderGeometry GeometryFor(const AppSettings& settings);
+
+// Builds the stone the settings choose into the model (its model vertices; an entry that
+// cannot be built leaves the model as it was). The one place the stone's source is read.
+void BuildSceneModel(const AppSettings& settings, GemModel& model);
+
 }  // namespace kirameki

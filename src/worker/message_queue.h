@@ -5,14 +5,23 @@
 #include <deque>
 #include <mutex>
 #include <optional>
+#include <variant>
+
+#include "output/capture_loop.h"
+#include "scene/gif_job.h"
 
 namespace kirameki {
 
-// A message for a thread: its number and two parameters.
+// What a command carries besides its argument: the whole job, so that nothing is left in a
+// mailbox for the worker to find later (a poll that eats the command eats its job too).
+using CommandPayload = std::variant<std::monostate, CaptureRun, GifJob>;
+
+// A message for a thread: its number, two parameters and a command's job.
 struct ThreadMessage {
     int message = 0;
     int wParam = 0;
     int lParam = 0;
+    CommandPayload payload;
 };
 
 // A thread's first-in first-out message queue. Get waits for the next message; Peek takes

@@ -54,16 +54,6 @@ void SharedScene::PublishFrame(const FrameImage& image) {
     lastFrame_ = image;
 }
 
-void SharedScene::SetCaptureRun(const CaptureRun& run) {
-    std::lock_guard lock(mutex_);
-    captureRun_ = run;
-}
-
-CaptureRun SharedScene::TakeCaptureRun() const {
-    std::lock_guard lock(mutex_);
-    return captureRun_;
-}
-
 int SharedScene::CapturedFrames() const {
     std::lock_guard lock(mutex_);
     return capturedFrames_;
@@ -82,16 +72,6 @@ std::string SharedScene::CaptureError() const {
 void SharedScene::SetCaptureError(const std::string& error) {
     std::lock_guard lock(mutex_);
     captureError_ = error;
-}
-
-void SharedScene::SetGifJob(const GifJob& job) {
-    std::lock_guard lock(mutex_);
-    gif_ = job;
-}
-
-GifJob SharedScene::Gif() const {
-    std::lock_guard lock(mutex_);
-    return gif_;
 }
 
 std::string SharedScene::GifMessage() const {

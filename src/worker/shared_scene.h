@@ -20,16 +20,6 @@ struct PanelSize {
     int height = 400;
 };
 
-// An animated GIF to compile.
-struct GifJob {
-    std::string stem;
-    int frameCount = 0;
-    int delay = 4;
-    int direction = 0;
-    std::string output;
-    FrameSize frameSize;  // what every frame must measure (zero: as the first)
-};
-
 // Everything the window thread and the worker share, behind one lock: each side takes a
 // copy of what it needs and hands over changes as whole values, so no field is ever read
 // while the other thread writes it.
@@ -56,8 +46,6 @@ class SharedScene {
     FrameImage LastFrame() const;
     void PublishFrame(const FrameImage& image);
 
-    void SetCaptureRun(const CaptureRun& run);
-    CaptureRun TakeCaptureRun() const;
     // Frames on disk after the last run (written by the worker before it reports the end).
     int CapturedFrames() const;
     void SetCapturedFrames(int frames);
@@ -65,8 +53,6 @@ class SharedScene {
     std::string CaptureError() const;
     void SetCaptureError(const std::string& error);
 
-    void SetGifJob(const GifJob& job);
-    GifJob Gif() const;
     std::string GifMessage() const;
     void SetGifMessage(const std::string& message);
 
@@ -77,10 +63,8 @@ class SharedScene {
     std::optional<ViewState> requestedView_;
     ViewState shownView_ = InitialViewState();
     FrameImage lastFrame_;
-    CaptureRun captureRun_;
     int capturedFrames_ = 0;
     std::string captureError_;
-    GifJob gif_;
     std::string gifMessage_;
 };
 

@@ -4,14 +4,14 @@
 #include <chrono>
 #include <cmath>
 
-#include "worker/drag_rotation.h"
 #include "model/model_builder.h"
 #include "model/stone_tables.h"
 #include "output/capture_info.h"
 #include "output/gif_compiler.h"
-#include "scene/render_settings.h"
 #include "render/frame_renderer.h"
 #include "render/rotation_steps.h"
+#include "scene/render_settings.h"
+#include "worker/drag_rotation.h"
 
 namespace kirameki {
 
@@ -61,7 +61,7 @@ Worker::~Worker() {
 
 void Worker::Start() {
     settings_ = scene_.Settings();
-    BuildModel(settings_.model, settings_.modelParameters, *model_);
+    BuildSceneModel(settings_, *model_);
     TransformVertices(view_, *model_);
     thread_ = std::thread([this] { Run(); });
 }
@@ -81,11 +81,13 @@ void Worker::Run() {
         // Anything but a command (a late stop or abort nobody polled) is fetched and dropped.
         if (message.message != kWorkerCommandMessage)
             continue;
-        Dispatch(message.wParam, message.lParam);
+        Dispatch(message);
     }
 }
 
-void Worker::Dispatch(int command, int argument) {
+void Worker::Dispatch(const ThreadMessage& message) {
+    const int command = message.wParam;
+    const int argument = message.lParam;
     settings_ = scene_.Settings();
     AdoptRequestedView();
     switch (command) {
@@ -94,7 +96,7 @@ void Worker::Dispatch(int command, int argument) {
             Redraw();
             break;
         case kBuildModel:
-            BuildModel(settings_.model, settings_.modelParameters, *model_);
+            BuildSceneModel(settings_, *model_);
             Redraw();
             break;
         case kRenderFrame:
@@ -124,10 +126,12 @@ void Worker::Dispatch(int command, int argument) {
             idle_.Set();
             break;
         case kCaptureFrames:
-            CaptureFrames(argument);
+            if (const auto* run = std::get_if<CaptureRun>(&message.payload))
+                CaptureFrames(*run);
             break;
         case kCompileAnimatedGif:
-            CompileAnimatedGif();
+            if (const auto* job = std::get_if<GifJob>(&message.payload))
+                CompileAnimatedGif(*job);
             break;
         default:
             break;  // an abort with nothing to abort, or an unknown code
@@ -172,9 +176,8 @@ void Worker::RenderFrameCommand() {
         sink_.RenderFinished();
         return;
     }
-    const int size = settings_.imageSize;
     RenderFrame(RenderParametersFor(settings_), *model_, view_.LightDirection,
-                {size, ScaleForSize(size)}, *work_, image_, forward,
+                GeometryFor(settings_), *work_, image_, forward,
                 [this] { return AbortRequested(); });
     scene_.PublishFrame(image_);
 }
@@ -279,16 +282,13 @@ void Worker::ResetOrientation() {
     Redraw();
 }
 
-void Worker::CaptureFrames(int existenceCheck) {
-    CaptureRun run = scene_.TakeCaptureRun();
-    run.existenceCheck = existenceCheck != 0;
-    BuildModel(settings_.model, settings_.modelParameters, *model_);
+void Worker::CaptureFrames(CaptureRun run) {
+    BuildSceneModel(settings_, *model_);
     CaptureForwarder observer(sink_, [this] { Redraw(); });
     RenderForwarder forward(sink_);
-    CaptureOutcome outcome{CaptureOutcome::End::kFailed, run.firstFrame, SceneProblem(settings_)};
-    if (outcome.error.empty()) {
-        run.parameters = RenderParametersFor(settings_);
-        run.geometry = {settings_.imageSize, ScaleForSize(settings_.imageSize)};
+    // The window thread checks the scene first; a damaged one draws nothing.
+    CaptureOutcome outcome{CaptureOutcome::End::kAborted, run.firstFrame, {}};
+    if (SceneProblem(settings_).empty()) {
         outcome = RunCapture(
             run, *model_, view_, *work_, image_, forward, [this] { return AbortRequested(); },
             observer);
@@ -301,14 +301,12 @@ void Worker::CaptureFrames(int existenceCheck) {
     sink_.RenderFinished();
 }
 
-void Worker::CompileAnimatedGif() {
-    const GifJob job = scene_.Gif();
+void Worker::CompileAnimatedGif(const GifJob& job) {
     std::string message;
     const bool ok =
         GifCompiled::kSaved ==
-        kirameki::CompileAnimatedGif(
-            job.stem, job.frameCount, job.frameSize, job.delay, job.direction, job.output,
-            [this](int frame, int count) { sink_.GifProgress(frame, count); }, message);
+        RunGifJob(
+            job, [this](int frame, int count) { sink_.GifProgress(frame, count); }, message);
     scene_.SetGifMessage(message);
     sink_.GifFinished(ok ? 1 : 2);
 }

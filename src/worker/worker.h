@@ -3,13 +3,13 @@
 #include <memory>
 #include <thread>
 
+#include "model/gem_model.h"
+#include "render/preview_geometry.h"
+#include "render/tracer.h"
 #include "worker/message_queue.h"
 #include "worker/shared_scene.h"
 #include "worker/worker_commands.h"
 #include "worker/worker_sink.h"
-#include "model/gem_model.h"
-#include "render/preview_geometry.h"
-#include "render/tracer.h"
 
 namespace kirameki {
 
@@ -30,10 +30,10 @@ class Worker {
     // Ends the thread after the command under way (a long job should be aborted first).
     void Quit();
 
-    void Post(int command, int argument = 0) {
-        queue_.Post({kWorkerCommandMessage, command, argument});
+    void Post(int command, int argument = 0, CommandPayload payload = {}) {
+        queue_.Post({kWorkerCommandMessage, command, argument, std::move(payload)});
     }
-    void PostStop() { queue_.Post({kStopAnimationMessage, 0, 0}); }
+    void PostStop() { queue_.Post({kStopAnimationMessage, 0, 0, {}}); }
     void PostMessage(ThreadMessage message) { queue_.Post(message); }
 
   private:
@@ -48,7 +48,7 @@ class Worker {
     };
 
     void Run();
-    void Dispatch(int command, int argument);
+    void Dispatch(const ThreadMessage& message);
     void AdoptRequestedView();
     void Redraw();
     void RenderFrameCommand();
@@ -57,8 +57,8 @@ class Worker {
     void ViewDrag(int point);
     void LightDrag(int point);
     void ResetOrientation();
-    void CaptureFrames(int existenceCheck);
-    void CompileAnimatedGif();
+    void CaptureFrames(CaptureRun run);
+    void CompileAnimatedGif(const GifJob& job);
     bool AbortRequested();
 
     SharedScene& scene_;

@@ -27,9 +27,9 @@ bool WorkerClient::Render() {
     return true;
 }
 
-void WorkerClient::StartCapture(int existenceCheck) {
+void WorkerClient::StartCapture(const CaptureRun& run) {
     rendering_.store(1);
-    worker_.Post(kCaptureFrames, existenceCheck);
+    worker_.Post(kCaptureFrames, run.existenceCheck ? 1 : 0, run);
 }
 
 bool WorkerClient::BeginDrag(int kind, int x, int y) {

@@ -43,8 +43,8 @@ class WorkerClient {
 
     // A capture or animated GIF job (the progress window opens and posts it); the rendering
     // flag is set for a capture so that the busy rule holds while it runs.
-    void StartCapture(int existenceCheck);
-    void StartGif() { worker_.Post(kCompileAnimatedGif, 0); }
+    void StartCapture(const CaptureRun& run);
+    void StartGif(const GifJob& job) { worker_.Post(kCompileAnimatedGif, 0, job); }
 
     // A left press in the view panel (kind 1) or the light-ray area (kind 2): ignored while
     // the worker is busy with an interactive step or a render.

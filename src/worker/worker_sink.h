@@ -1,8 +1,8 @@
 #pragma once
 
-#include "worker/shared_scene.h"
 #include "render/frame_image.h"
 #include "render/preview_geometry.h"
+#include "worker/shared_scene.h"
 
 namespace kirameki {
 

@@ -1,0 +1,21 @@
+#include "scene/gif_job.h"
+
+#include "output/path_block.h"
+
+namespace kirameki {
+
+GifJob MakeGifJob(const std::string& recordPath, int frameCount, int delay, int direction,
+                  const std::string& output) {
+    PathBlock block;
+    ChoosePath(recordPath, block);
+    return {block.fullPath,         frameCount, delay,
+            direction == 1 ? 1 : 0, output,     RecordedFrameSize(recordPath)};
+}
+
+GifCompiled RunGifJob(const GifJob& job, const std::function<void(int, int)>& progress,
+                      std::string& message) {
+    return CompileAnimatedGif(job.stem, job.frameCount, job.frameSize, job.delay, job.direction,
+                              job.output, progress, message);
+}
+
+}  // namespace kirameki
