@@ -139,8 +139,8 @@ std::string SizeProblem(int width, int height, const FrameSize& expected) {
 // The most bytes a GIF of the size can take: LZW codes are at most 12 bits a pixel, plus the
 // colour map, extensions and block headers.
 std::size_t ByteLimit(const FrameSize& expected) {
-    const std::size_t w = std::size_t(expected.width > 0 ? expected.width : kMaxPictureSide);
-    const std::size_t h = std::size_t(expected.height > 0 ? expected.height : kMaxPictureSide);
+    const auto w = std::size_t(expected.width > 0 ? expected.width : kMaxPictureSide);
+    const auto h = std::size_t(expected.height > 0 ? expected.height : kMaxPictureSide);
     return w * h * 2 + 65536;
 }
 
@@ -157,8 +157,7 @@ std::string DecodeFirstPicture(const std::vector<std::uint8_t>& bytes, const Fra
     std::unique_ptr<GifFileType, GifCloser> gif(DGifOpen(&reader, ReadFromMemory, &code));
     if (!gif)
         return GifError(nullptr, code);
-    if (const std::string problem = SizeProblem(gif->SWidth, gif->SHeight, expected);
-        !problem.empty())
+    if (std::string problem = SizeProblem(gif->SWidth, gif->SHeight, expected); !problem.empty())
         return problem;
     for (;;) {
         GifRecordType type = UNDEFINED_RECORD_TYPE;

@@ -12,8 +12,8 @@ namespace kirameki {
 // "General Settings": ray-tracing depth and fire, the narrow main light, the Position-Info
 // file of screen shots, trimming, the turning speed of the surface model and display options.
 //
-// showTrimmingFrame is "Show Trimming Frame In View Panel" (the green outline of the trimmed picture
-// drawn over the surface model); rowByRow is "Show Picture Row By Row While Rendering" (the
+// showTrimmingFrame is "Show Trimming Frame In View Panel" (the green outline of the trimmed
+// picture drawn over the surface model); rowByRow is "Show Picture Row By Row While Rendering" (the
 // view follows the tracer row by row instead of showing the picture when it is finished).
 // The trimming margins must leave at least one pixel of the picture at the current size.
 class GeneralSettingsDialog : public SettingDialog {

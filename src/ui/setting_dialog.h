@@ -3,8 +3,8 @@
 #include <QDialog>
 #include <QString>
 
-#include "worker/prompter.h"
 #include "output/app_settings.h"
+#include "worker/prompter.h"
 
 class QGridLayout;
 class QLabel;

@@ -1,11 +1,13 @@
 #include "worker/message_queue.h"
 
+#include <utility>
+
 namespace kirameki {
 
 void MessageQueue::Post(ThreadMessage message) {
     {
         std::lock_guard lock(mutex_);
-        messages_.push_back(message);
+        messages_.push_back(std::move(message));
     }
     arrived_.notify_one();
 }

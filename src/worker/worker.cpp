@@ -282,7 +282,7 @@ void Worker::ResetOrientation() {
     Redraw();
 }
 
-void Worker::CaptureFrames(CaptureRun run) {
+void Worker::CaptureFrames(const CaptureRun& run) {
     BuildSceneModel(settings_, *model_);
     CaptureForwarder observer(sink_, [this] { Redraw(); });
     RenderForwarder forward(sink_);

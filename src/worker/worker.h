@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <thread>
+#include <utility>
 
 #include "model/gem_model.h"
 #include "render/preview_geometry.h"
@@ -34,7 +35,7 @@ class Worker {
         queue_.Post({kWorkerCommandMessage, command, argument, std::move(payload)});
     }
     void PostStop() { queue_.Post({kStopAnimationMessage, 0, 0, {}}); }
-    void PostMessage(ThreadMessage message) { queue_.Post(message); }
+    void PostMessage(ThreadMessage message) { queue_.Post(std::move(message)); }
 
   private:
     struct DragState {
@@ -57,7 +58,7 @@ class Worker {
     void ViewDrag(int point);
     void LightDrag(int point);
     void ResetOrientation();
-    void CaptureFrames(CaptureRun run);
+    void CaptureFrames(const CaptureRun& run);
     void CompileAnimatedGif(const GifJob& job);
     bool AbortRequested();
 
