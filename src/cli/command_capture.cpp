@@ -16,6 +16,7 @@
 #include "scene/capture_job.h"
 #include "scene/gif_job.h"
 #include "scene/render_settings.h"
+#include "scene/stone_source.h"
 
 namespace kirameki::cli {
 
@@ -110,13 +111,14 @@ int RunCapture(Arguments& args) {
         scene.capture = {};
     }
     scene.Parameters();  // refuses a scene no table holds
-    if (!resume && !WriteCaptureInfo(sqi, scene.Scene(), error)) {
+    if (!resume && (!WriteCaptureInfo(sqi, scene.Scene(), error) ||
+                    !WriteDesignBeside(scene.stone, sqi, error))) {
         std::cerr << "kirameki-cli: " << messages::kFailedToOpenFile << " " << error << "\n";
         return 1;
     }
 
     auto model = std::make_unique<GemModel>();
-    BuildSceneModel(scene.settings, *model);
+    BuildSceneModel(scene.settings, scene.stone, *model);
     auto work = std::make_unique<TracerWorkAreas>();
     CaptureRun run = MakeCaptureRun(scene.settings, scene.view, block.fullPath, from);
     run.parameters.threads = scene.threads;

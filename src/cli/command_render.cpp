@@ -16,6 +16,7 @@
 #include "render/preview_geometry.h"
 #include "scene/render_settings.h"
 #include "scene/screen_shot.h"
+#include "scene/stone_source.h"
 
 namespace kirameki::cli {
 
@@ -64,7 +65,7 @@ int RunRender(Arguments& args) {
     const RenderParameters parameters = scene.Parameters();
 
     auto model = std::make_unique<GemModel>();
-    BuildSceneModel(scene.settings, *model);
+    BuildSceneModel(scene.settings, scene.stone, *model);
     const ViewState& view = scene.view;
     TransformVertices(view, *model);
     WriteAllFaceData(*model);
@@ -83,7 +84,8 @@ int RunRender(Arguments& args) {
     }
     std::nth_element(times.begin(), times.begin() + times.size() / 2, times.end());
     std::string error;
-    if (!SaveScreenShot(image, out, PictureFormat(format), scene.Scene(), positionInfo, error)) {
+    if (!SaveScreenShot(image, out, PictureFormat(format), scene.Scene(), positionInfo, error) ||
+        (positionInfo && !WriteDesignBeside(scene.stone, out, error))) {
         std::cerr << "kirameki-cli: " << error << "\n";
         return 1;
     }

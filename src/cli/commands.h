@@ -12,5 +12,6 @@ int RunRender(Arguments& args);
 int RunSettings(Arguments& args);
 int RunCapture(Arguments& args);
 int RunGif(Arguments& args);
+int RunDesign(Arguments& args);
 
 }  // namespace kirameki::cli

@@ -17,8 +17,10 @@ constexpr const char* kUsage =
     "  capture --sqi FILE.sqi [--frames N] [scene flags]\n"
     "  capture --sqi FILE.sqi --resume [--check-existence] [--settings FILE] [--depth D]\n"
     "  gif --sqi FILE.sqi --out FILE.gif [--delay T] [--clockwise] [--settings FILE]\n"
-    "scene flags: --settings FILE --position FILE.gpi --stone S --cut K --colour C --index N\n"
-    "             --size PX --depth D --hq --fire on|off --turn ID:ROUNDS --threads N\n";
+    "  design --in FILE.asc (--json | --out FILE.asc) | --cut K --out FILE.asc [--gear N]\n"
+    "scene flags: --settings FILE --position FILE.gpi --design FILE.asc --stone S --cut K\n"
+    "             --colour C --index N"
+    " --size PX --depth D --hq --fire on|off --turn ID:ROUNDS --threads N\n";
 
 }  // namespace
 
@@ -35,7 +37,7 @@ int main(int argc, char** argv) {
         static const std::pair<std::string_view, Command> kCommands[] = {
             {"tables", RunTables}, {"model", RunModel},       {"preview", RunPreview},
             {"render", RunRender}, {"settings", RunSettings}, {"capture", RunCapture},
-            {"gif", RunGif},
+            {"gif", RunGif},       {"design", RunDesign},
         };
         for (const auto& [name, run] : kCommands)
             if (command == name)

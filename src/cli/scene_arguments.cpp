@@ -88,6 +88,8 @@ bool SceneArguments::Take(std::string_view flag, Arguments& args) {
         view.LightDirection = LightDirectionOf(view.light);
     } else if (flag == "--position") {
         ReadRecord(args.Value(flag), false);
+    } else if (flag == "--design") {
+        OpenDesign(args.Value(flag));
     } else if (flag == "--threads") {
         threads = args.IntValue(flag, 1, 256);
     } else {
@@ -113,6 +115,19 @@ void SceneArguments::ReadRecord(const std::string& path, bool headerOnly) {
         throw UsageError(read.error);
     if (!read.refused.empty())
         throw UsageError(path + ": " + read.refused);
+    std::error_code missing;
+    if (!headerOnly && std::filesystem::exists(DesignBeside(path), missing))
+        OpenDesign(DesignBeside(path));
+}
+
+void SceneArguments::OpenDesign(const std::string& path) {
+    auto design = std::make_shared<kirameki::OpenDesign>();
+    std::string error;
+    if (!OpenDesignFile(path, *design, error))
+        throw UsageError(error);
+    if (RefractiveIndexInRange(design->design.index))
+        settings.refractiveIndex = design->design.index;
+    stone.design = std::move(design);
 }
 
 }  // namespace kirameki::cli

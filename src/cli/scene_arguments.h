@@ -10,6 +10,7 @@
 #include "output/scene_state.h"
 #include "render/frame_renderer.h"
 #include "render/view_state.h"
+#include "scene/stone_source.h"
 
 namespace kirameki::cli {
 
@@ -28,6 +29,7 @@ struct SceneArguments {
     AppSettings settings;
     ViewState view = InitialViewState();
     CaptureState capture;
+    StoneSource stone;  // a design when --design was given, else the settings' cut
     int threads = 0;
 
     SceneArguments();
@@ -43,8 +45,13 @@ struct SceneArguments {
     RenderParameters Parameters() const;
 
     // Reads a capture or position record into the scene; a file that cannot be read or a
-    // damaged orientation throws UsageError.
+    // damaged orientation throws UsageError. A design beside the record (its stem + ".asc")
+    // becomes the stone.
     void ReadRecord(const std::string& path, bool headerOnly);
+
+    // Opens a design as the stone, with its own refractive index when it gives one in range;
+    // a design that cannot be read or built throws UsageError.
+    void OpenDesign(const std::string& path);
 };
 
 }  // namespace kirameki::cli

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "model/model_builder.h"
 #include "model/stone_tables.h"
 
 namespace kirameki {
@@ -30,10 +29,6 @@ std::uint32_t BackgroundColourOf(const AppSettings& s) {
 
 RenderGeometry GeometryFor(const AppSettings& s) {
     return {s.imageSize, ScaleForSize(s.imageSize)};
-}
-
-void BuildSceneModel(const AppSettings& s, GemModel& model) {
-    BuildModel(s.model, s.modelParameters, model);
 }
 
 }  // namespace kirameki

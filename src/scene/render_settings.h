@@ -18,8 +18,4 @@ std::uint32_t BackgroundColourOf(const AppSettings& settings);
 // The picture's size and the pixel scale of the stone in it.
 RenderGeometry GeometryFor(const AppSettings& settings);
 
-// Builds the stone the settings choose into the model (its model vertices; an entry that
-// cannot be built leaves the model as it was). The one place the stone's source is read.
-void BuildSceneModel(const AppSettings& settings, GemModel& model);
-
 }  // namespace kirameki

@@ -11,6 +11,7 @@
 #include "render/frame_renderer.h"
 #include "render/rotation_steps.h"
 #include "scene/render_settings.h"
+#include "scene/stone_source.h"
 #include "worker/drag_rotation.h"
 
 namespace kirameki {

@@ -70,5 +70,20 @@ expect_status 0 capture --sqi "$out/Deep.sqi" --resume --check-existence
 cmp -s "$out/Deep_F[1].gif" "$out/depth1.gif" && { echo "FAIL: the default depth drew as depth 1"; failures=$((failures + 1)); }
 expect_status 2 capture --sqi "$out/Deep.sqi" --resume --stone 2
 
+# Designs: a built-in cut written as a design, read back as JSON, rendered, and captured with
+# the design beside the record so that a resume draws the same stone.
+expect_status 0 design --cut 8 --out "$out/Scissors.asc"
+expect_status 0 design --in "$out/Scissors.asc" --json
+python3 -c 'import json,sys; d=json.load(open(sys.argv[1])); assert d["gear"]==96 and d["faces"]==45 and all(all(t["touching"]) for t in d["tiers"])' "$out/stdout" \
+  || { echo "FAIL: design JSON"; failures=$((failures + 1)); }
+expect_status 0 capture --sqi "$out/Des.sqi" --design "$out/Scissors.asc" --frames 2 --size 32 --fire off
+cmp -s "$out/Des.asc" "$out/Scissors.asc" || { echo "FAIL: no design beside the record"; failures=$((failures + 1)); }
+cp "$out/Des_F[1].gif" "$out/des1.gif"; rm "$out/Des_F[1].gif"
+expect_status 0 capture --sqi "$out/Des.sqi" --resume --check-existence
+cmp -s "$out/Des_F[1].gif" "$out/des1.gif" || { echo "FAIL: the resume drew another stone"; failures=$((failures + 1)); }
+printf 'GemCad 5.0\ng 96\na 40 0.9 0 24 48 72\n' > "$out/open.asc"
+expect_status 2 render --design "$out/open.asc" --out "$out/open.png"
+grep -q "line 3: the design is open" "$out/stderr" || { echo "FAIL: open design message: $(cat "$out/stderr")"; failures=$((failures + 1)); }
+
 if [ "$failures" -eq 0 ]; then echo "cli: all checks passed"; fi
 exit $((failures > 0))
