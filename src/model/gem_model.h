@@ -9,7 +9,7 @@ namespace kirameki {
 
 constexpr int kMaxVertices = 2400;
 constexpr int kMaxFaces = 2400;
-constexpr int kMaxFaceVertices = 17;
+constexpr int kMaxFaceVertices = 64;  // a design's table may have many corners
 
 // One face of the stone. The seven working doubles are written only by the preview
 // geometry, on every redraw, for the current orientation; the builders never touch them.
@@ -17,7 +17,7 @@ struct FaceRecord {
     // 0..2 unit normal (into the solid), 3..5 plane coefficients n / d with
     // d = -(n . v0) (or n itself when d is 0), 6 plane flag (1.0 when d != 0).
     std::array<double, 7> Data{};
-    std::int32_t Count = 0;  // number of valid entries of Index, 3..17
+    std::int32_t Count = 0;  // number of valid entries of Index, 3..kMaxFaceVertices
     std::array<std::int32_t, kMaxFaceVertices> Index{};
 
     Vec3 Normal() const { return {Data[0], Data[1], Data[2]}; }
@@ -41,7 +41,8 @@ struct GemModel {
 };
 
 // What the builders promise and the tracer and preview rely on: both counts within the
-// fixed storage, every face of 3..17 corners, every corner an index below VertexCount.
+// fixed storage, every face of 3 to kMaxFaceVertices corners, every corner an index below
+// VertexCount.
 inline bool IsWellFormed(const GemModel& model) {
     if (model.VertexCount < 0 || model.VertexCount > kMaxVertices || model.FaceCount < 0 ||
         model.FaceCount > kMaxFaces)
