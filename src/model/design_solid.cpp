@@ -46,21 +46,21 @@ Vec3 BestPoint(const std::vector<DesignPlane>& planes, const std::vector<int>& o
     std::array<double, 3> b{};
     for (const int i : on) {
         const Vec3 n = planes[std::size_t(i)].normal;
-        const double m[3] = {n.x, n.y, n.z};
-        for (int r = 0; r < 3; ++r) {
-            for (int c = 0; c < 3; ++c)
-                a[std::size_t(3 * r + c)] += m[r] * m[c];
-            b[std::size_t(r)] += m[r] * planes[std::size_t(i)].distance;
+        const std::array<double, 3> m = {n.x, n.y, n.z};
+        for (std::size_t r = 0; r < 3; ++r) {
+            for (std::size_t c = 0; c < 3; ++c)
+                a[3 * r + c] += m[r] * m[c];
+            b[r] += m[r] * planes[std::size_t(i)].distance;
         }
     }
     const double det = a[0] * (a[4] * a[8] - a[5] * a[7]) - a[1] * (a[3] * a[8] - a[5] * a[6]) +
                        a[2] * (a[3] * a[7] - a[4] * a[6]);
     if (on.size() < 3 || std::abs(det) < 1e-12)
         return guess;
-    const auto solve = [&](int column) {
+    const auto solve = [&](std::size_t column) {
         std::array<double, 9> m = a;
-        for (int r = 0; r < 3; ++r)
-            m[std::size_t(3 * r + column)] = b[std::size_t(r)];
+        for (std::size_t r = 0; r < 3; ++r)
+            m[3 * r + column] = b[r];
         return (m[0] * (m[4] * m[8] - m[5] * m[7]) - m[1] * (m[3] * m[8] - m[5] * m[6]) +
                 m[2] * (m[3] * m[7] - m[4] * m[6])) /
                det;
