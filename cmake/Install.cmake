@@ -26,7 +26,7 @@ add_custom_target(kirameki_data_files ALL DEPENDS ${kirameki_compressed})
 install(TARGETS kirameki-cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES ${kirameki_generated}/kirameki-cli.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES ${kirameki_data}/copyright ${kirameki_generated}/changelog.gz
-        DESTINATION ${CMAKE_INSTALL_DOCDIR})
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/kirameki)
 
 if(TARGET kirameki)
   install(TARGETS kirameki RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})

@@ -6,15 +6,15 @@ set(CPACK_PACKAGE_VENDOR "The Kirameki developers")
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGE_CONTACT "The Kirameki developers <kirameki@users.noreply.github.com>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "viewer and ray-tracing renderer for cut gemstones")
+# The synopsis is the summary above; CPack indents these lines as Debian wants them.
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
-    "viewer and ray-tracing renderer for cut gemstones
- Kirameki shows a cut gemstone as a shaded surface model that can be turned
- with the mouse and the keyboard, and ray-traces it with Fresnel reflection,
- refraction, total internal reflection and dispersion. It saves screen shots,
- captures a full turn of the stone frame by frame and compiles the frames into
- an animated GIF or WebP, and exports the stone as OBJ, STL or glTF.
- .
- The kirameki-cli command does all of this without a display.")
+    "Kirameki shows a cut gemstone as a shaded surface model that can be turned
+with the mouse and the keyboard, and ray-traces it with Fresnel reflection,
+refraction, total internal reflection and dispersion. It saves screen shots,
+captures a full turn of the stone frame by frame and compiles the frames into
+an animated GIF or WebP, and exports the stone as OBJ, STL or glTF.
+.
+The kirameki-cli command does all of this without a display.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
