@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QWidget>
 #include <filesystem>
+#include <thread>
 
 #include "app/progress_window.h"
 #include "model/model_builder.h"
@@ -38,6 +39,7 @@ QString Tr(const char* text) {
     QT_TRANSLATE_NOOP("OutputFlows", "Capture-Info File (*.sqi)"),
     QT_TRANSLATE_NOOP("OutputFlows", "Save Animation GIF File"),
     QT_TRANSLATE_NOOP("OutputFlows", "Animation GIF File (*.gif)"),
+    QT_TRANSLATE_NOOP("OutputFlows", "Animated WebP File (*.webp)"),
     QT_TRANSLATE_NOOP("OutputFlows", "Automatic Screen Capturing"),
     QT_TRANSLATE_NOOP("OutputFlows", "Compiling Animated-GIF"),
     QT_TRANSLATE_NOOP("OutputFlows", "Nothing has been rendered yet: press Ray-Trace first."),
@@ -398,14 +400,19 @@ void OutputFlows::MakeAnimatedGif() {
     session_.Settings().gifOption2 = settings.Result().gifOption2;
     session_.Persist();
     gifBlock_.fullPath = captureBlock_.fullPath + "_ANI";
-    const QString output = files_.Choose(
-        owner_, true, Tr("Save Animation GIF File"), {Tr("Animation GIF File (*.gif)")},
-        QString::fromStdString(gifBlock_.initialFolder), QString::fromStdString(gifBlock_.fullPath),
-        nullptr, "gif");
+    const QString output =
+        files_.Choose(owner_, true, Tr("Save Animation GIF File"),
+                      {Tr("Animation GIF File (*.gif)"), Tr("Animated WebP File (*.webp)")},
+                      QString::fromStdString(gifBlock_.initialFolder),
+                      QString::fromStdString(gifBlock_.fullPath), nullptr, "gif");
     owner_->raise();
     if (output.isEmpty())
         return;
     gifBlock_.fullPath = output.toStdString();
+    if (output.endsWith(".webp", Qt::CaseInsensitive)) {
+        MakeAnimatedWebP(n, settings.WebPQuality());
+        return;
+    }
     session_.Scene().SetGifJob(
         {captureBlock_.fullPath, n, session_.Settings().gifOption1,
          session_.Settings().gifOption2 == 1 ? 1 : 0, gifBlock_.fullPath,
@@ -419,10 +426,45 @@ void OutputFlows::MakeAnimatedGif() {
         Tell(Formatted(messages::kAnimationSaved, gifBlock_.fullPath));
         return;
     }
+    TellAnimationFailure(n, session_.Scene().GifMessage());
+}
+
+void OutputFlows::MakeAnimatedWebP(int n, int quality) {
+    const std::string stem = captureBlock_.fullPath, output = gifBlock_.fullPath;
+    const FrameSize size = RecordedFrameSize(captureBlock_.fullPath + captureBlock_.extension);
+    const int delay = session_.Settings().gifOption1;
+    const int direction = session_.Settings().gifOption2 == 1 ? 1 : 0;
+    ProgressWindow window(Tr("Compiling Animated-GIF"), false, owner_);
+    std::string message;
+    std::thread job;
+    connect(&window, &ProgressWindow::started, &window, [&] {
+        job = std::thread([&] {
+            const auto progress = [&window](int i, int total) {
+                QMetaObject::invokeMethod(
+                    &window, [&window, i, total] { window.Progress(i, total); },
+                    Qt::QueuedConnection);
+            };
+            const GifCompiled compiled = CompileAnimation(stem, n, size, delay, direction, output,
+                                                          {true, quality}, progress, message);
+            const int result = compiled == GifCompiled::kSaved ? 1 : 2;
+            QMetaObject::invokeMethod(
+                &window, [&window, result] { window.Finish(result); }, Qt::QueuedConnection);
+        });
+    });
+    const int result = window.exec();
+    if (job.joinable())
+        job.join();
+    if (result == 1)
+        Tell(Formatted(messages::kAnimatedWebPSaved, output));
+    else
+        TellAnimationFailure(n, message);
+}
+
+void OutputFlows::TellAnimationFailure(int n, const std::string& otherwise) {
     // The first frame missing or damaged in the order the frames are loaded: backwards when
     // clockwise. Told here, in the window thread, so that the message is translated.
     const bool clockwise = session_.Settings().gifOption2 == 1;
-    FrameSize size = session_.Scene().Gif().frameSize;
+    FrameSize size = RecordedFrameSize(captureBlock_.fullPath + captureBlock_.extension);
     for (int i = 0; i < n; ++i) {
         const std::string frame =
             FrameFileName(captureBlock_.fullPath, clockwise ? n - 1 - i : i, n);
@@ -437,7 +479,7 @@ void OutputFlows::MakeAnimatedGif() {
         }
         size = {picture.width, picture.height};
     }
-    Tell(session_.Scene().GifMessage(), true);
+    Tell(otherwise, true);
 }
 
 }  // namespace kirameki

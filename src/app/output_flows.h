@@ -70,6 +70,11 @@ class OutputFlows : public QObject {
     bool LockRecord(RecordLock& lock);
     // Says how the run ended: a frame not written, an abort, or every frame captured.
     void TellCaptureEnd(int frameCount);
+    // Compiles the capture of n frames into the animated WebP gifBlock_ names, on a thread of
+    // its own while the progress window shows (the worker's job makes GIFs).
+    void MakeAnimatedWebP(int n, int quality);
+    // Says which frame, in loading order, is missing or damaged; else tells `otherwise`.
+    void TellAnimationFailure(int n, const std::string& otherwise);
     // Takes a record's scene into the viewer, refusing values no table holds.
     void AdoptScene(const AppSettings& read, const ViewState& view);
     void WriteRecord(const std::string& path, const ViewState& orientation);

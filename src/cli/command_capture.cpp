@@ -168,10 +168,15 @@ int RunGif(Arguments& args) {
     SceneArguments scene;
     std::string sqi, out;
     int delay = -1, direction = -1;
+    AnimationFormat format;
     while (!args.Done()) {
         const std::string_view flag = args.Flag();
         if (flag == "--sqi") {
             sqi = args.Value(flag);
+        } else if (flag == "--webp") {
+            format.webp = true;
+        } else if (flag == "--quality") {
+            format.webpQuality = args.IntValue(flag, 0, 100);
         } else if (flag == "--out") {
             out = args.Value(flag);
         } else if (flag == "--delay") {
@@ -186,8 +191,10 @@ int RunGif(Arguments& args) {
     }
     if (sqi.empty() || out.empty())
         throw UsageError(
-            "usage: kirameki-cli gif --sqi FILE.sqi --out FILE.gif [--delay T] "
-            "[--clockwise] [--settings FILE]");
+            "usage: kirameki-cli gif --sqi FILE.sqi --out FILE [--delay T] "
+            "[--clockwise] [--settings FILE] [--webp [--quality Q]]");
+    if (format.webpQuality >= 0 && !format.webp)
+        throw UsageError("gif: --quality is for --webp");
     if (delay < 0)
         delay = scene.settings.gifOption1;
     if (direction < 0)
@@ -202,8 +209,8 @@ int RunGif(Arguments& args) {
     GifCompiled compiled = GifCompiled::kWriteFailed;
     {
         TerminalProgress bar("compiling");
-        compiled = CompileAnimatedGif(
-            block.fullPath, n, RecordedFrameSize(sqi), delay, direction, out,
+        compiled = CompileAnimation(
+            block.fullPath, n, RecordedFrameSize(sqi), delay, direction, out, format,
             [&](int i, int total) { bar.Show(i, total); }, message);
     }
     if (compiled != GifCompiled::kSaved) {

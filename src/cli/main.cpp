@@ -10,13 +10,15 @@ namespace {
 constexpr const char* kUsage =
     "usage: kirameki-cli <command> [options]\n"
     "  tables                          the stone, colour, cut and polygon colour tables (JSON)\n"
-    "  model --cut K [--settings FILE] (--json | --obj FILE)\n"
+    "  model --cut K [--settings FILE] [--stone S] [--colour C]\n"
+    "        (--json | --obj FILE | --stl FILE [--girdle MM] | --glb FILE [--girdle MM])\n"
     "  preview --cut K --out FILE.png [--size PX] [--tilt DEG] [--spin DEG] [--polygon-colour N]\n"
     "  settings --file FILE (--dump | --write-defaults | --rewrite)\n"
     "  render --out FILE [--format 1..7] [--position-info] [scene flags] [--repeat N]\n"
     "  capture --sqi FILE.sqi [--frames N] [scene flags]\n"
     "  capture --sqi FILE.sqi --resume [--check-existence] [--settings FILE] [--depth D]\n"
-    "  gif --sqi FILE.sqi --out FILE.gif [--delay T] [--clockwise] [--settings FILE]\n"
+    "  gif --sqi FILE.sqi --out FILE [--delay T] [--clockwise] [--settings FILE]\n"
+    "      [--webp [--quality Q]]       animated GIF, or WebP (lossless unless Q is given)\n"
     "scene flags: --settings FILE --position FILE.gpi --stone S --cut K --colour C --index N\n"
     "             --size PX --depth D --hq --fire on|off --turn ID:ROUNDS --threads N\n";
 

@@ -78,6 +78,15 @@ expect_status 0 capture --sqi "$out/Gem.sqi" --frames 4 --size 32 --fire off
 [ -f "$out/Gem_F[3].gif" ] || { echo "FAIL: capture frames"; failures=$((failures + 1)); }
 expect_status 0 capture --sqi "$out/Gem.sqi" --resume
 expect_status 0 gif --sqi "$out/Gem.sqi" --out "$out/Gem_ANI.gif" --clockwise
+# The same frames as an animated WebP, lossless or lossy; a quality alone is bad usage.
+expect_status 0 gif --sqi "$out/Gem.sqi" --out "$out/Gem_ANI.webp" --webp
+expect_status 0 gif --sqi "$out/Gem.sqi" --out "$out/Gem_Q.webp" --webp --quality 40
+for webp in Gem_ANI Gem_Q; do
+  python3 -c 'import sys; d=open(sys.argv[1],"rb").read(); assert d[:4]==b"RIFF" and d[8:12]==b"WEBP" and b"ANIM" in d and b"ANMF" in d' \
+    "$out/$webp.webp" || { echo "FAIL: $webp.webp is no animated WebP"; failures=$((failures + 1)); }
+done
+expect_status 2 gif --sqi "$out/Gem.sqi" --out "$out/Gem_X.webp" --quality 40
+expect_status 2 gif --sqi "$out/Gem.sqi" --out "$out/Gem_X.webp" --webp --quality 101
 rm "$out/Gem_F[2].gif"
 expect_status 0 capture --sqi "$out/Gem.sqi" --resume  # complete: only the turn back
 [ -f "$out/Gem_F[2].gif" ] && { echo "FAIL: a plain resume of a complete set rendered"; failures=$((failures + 1)); }
