@@ -98,8 +98,14 @@ ProgramPaths CurrentProgramPaths(const std::string& picturesFolder) {
         pictures = PicturesFolderFromUserDirs(
             std::string(userDirs.bytes.begin(), userDirs.bytes.end()), variable("HOME"));
     }
+    // An installed program (its manual page in ../share/man/man1) is never portable, even in
+    // a prefix of the user's own such as ~/.local.
+    std::string programFolder = ProgramFolder();
+    if (!programFolder.empty() &&
+        access((programFolder + "../share/man/man1/kirameki-cli.1.gz").c_str(), F_OK) == 0)
+        programFolder.clear();
     return ResolveProgramPaths(
-        ProgramFolder(),
+        programFolder,
         [&](const char* name) {
             if (std::string_view(name) == "XDG_PICTURES_DIR" && !pictures.empty())
                 return pictures;

@@ -29,7 +29,8 @@ bool IsSystemFolder(const std::string& folder);
 // from the text of that file; empty when it names none.
 std::string PicturesFolderFromUserDirs(const std::string& text, const std::string& home);
 
-// The same for this process, from its executable and the real environment. The pictures
+// The same for this process, from its executable and the real environment; an installed
+// program (one with its manual page in ../share/man/man1) is never portable. The pictures
 // folder is `picturesFolder` when given (the viewer passes the desktop's answer), else the
 // one $XDG_CONFIG_HOME/user-dirs.dirs names.
 ProgramPaths CurrentProgramPaths(const std::string& picturesFolder = {});

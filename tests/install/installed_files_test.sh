@@ -30,5 +30,15 @@ for page in kirameki kirameki-cli; do
 done
 "$prefix/bin/kirameki-cli" tables >/dev/null || fail "installed kirameki-cli does not run"
 
+# Installed in a prefix the user can write to, the program is not portable: its pictures go
+# to the pictures folder that user-dirs.dirs names (a Japanese one here).
+home="$prefix/home"
+mkdir -p "$home/.config"
+echo 'XDG_PICTURES_DIR="$HOME/画像"' >"$home/.config/user-dirs.dirs"
+HOME="$home" XDG_CONFIG_HOME= "$prefix/bin/kirameki-cli" settings --file "$prefix/Setting.ini" \
+  --write-defaults || fail "settings --write-defaults"
+HOME="$home" XDG_CONFIG_HOME= "$prefix/bin/kirameki-cli" settings --file "$prefix/Setting.ini" \
+  --dump | grep -q "\"$home/画像/Kirameki/ScreenShots/\"" || fail "installed program is portable"
+
 [ "$failures" -eq 0 ] && echo "installed files: all good"
 exit $((failures > 0))
