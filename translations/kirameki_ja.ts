@@ -4,6 +4,14 @@
 <context>
     <name>Messages</name>
     <message>
+        <source>Animated WebP file was saved.
+
+%s</source>
+        <translation>アニメーションWebPファイルを保存しました。
+
+%s</translation>
+    </message>
+    <message>
         <location filename="../src/app/message_texts.cpp" line="8"/>
         <location filename="../src/app/qt_prompter.cpp" line="18"/>
         <location filename="../src/app/qt_prompter.cpp" line="25"/>
@@ -311,6 +319,10 @@ Top + Bottom and Left + Right must each be smaller than the image size.</source>
         <translation>アニメーションGIFファイル (*.gif)</translation>
     </message>
     <message>
+        <source>Animated WebP File (*.webp)</source>
+        <translation>アニメーションWebPファイル (*.webp)</translation>
+    </message>
+    <message>
         <location filename="../src/app/output_flows.cpp" line="37"/>
         <source>Compiling Animated-GIF</source>
         <translation>アニメーションGIFを作成中</translation>
@@ -592,6 +604,18 @@ Top + Bottom and Left + Right must each be smaller than the image size.</source>
         <location filename="../src/ui/gif_settings_dialog.cpp" line="44"/>
         <source>Clockwise (&amp;C)</source>
         <translation>時計回り (&amp;C)</translation>
+    </message>
+    <message>
+        <source>Animated WebP</source>
+        <translation>アニメーションWebP</translation>
+    </message>
+    <message>
+        <source>Lossless (&amp;L)</source>
+        <translation>可逆圧縮 (&amp;L)</translation>
+    </message>
+    <message>
+        <source>Quality </source>
+        <translation>画質 </translation>
     </message>
 </context>
 <context>

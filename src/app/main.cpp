@@ -1,7 +1,11 @@
 #include <QApplication>
+#include <QCommandLineParser>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QStandardPaths>
 #include <QTranslator>
+#include <string_view>
 
 #include "app/main_window.h"
 #include "app/output_flows.h"
@@ -11,10 +15,46 @@
 #include "app/view_panel.h"
 #include "app/viewer_session.h"
 
+namespace {
+
+// --help and --version print and exit. They are answered before any window system is
+// opened, so they work without a display too.
+void AnswerHelpAndVersion(QCoreApplication& application) {
+    QCommandLineParser options;
+    options.setApplicationDescription(
+        QCoreApplication::translate("main", "Views cut gemstones and ray-traces their sparkle."));
+    options.addHelpOption();
+    options.addVersionOption();
+    options.process(application);
+}
+
+bool AsksForHelpOrVersion(int argc, char** argv) {
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view argument = argv[i];
+        if (argument == "--")
+            break;
+        if (argument == "-h" || argument == "--help" || argument == "--help-all" ||
+            argument == "-v" || argument == "--version" || argument == "-?")
+            return true;
+    }
+    return false;
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
+    QCoreApplication::setApplicationName("Kirameki");
+    QCoreApplication::setApplicationVersion(KIRAMEKI_VERSION);
+    QCoreApplication::setOrganizationDomain("kirameki.github.io");
+    if (AsksForHelpOrVersion(argc, argv)) {
+        QCoreApplication application(argc, argv);
+        AnswerHelpAndVersion(application);
+    }
     kirameki::TerminationWatcher termination;
     QApplication application(argc, argv);
-    QApplication::setApplicationName("Kirameki");
+    QGuiApplication::setDesktopFileName(KIRAMEKI_APP_ID);
+    QApplication::setWindowIcon(
+        QIcon::fromTheme(KIRAMEKI_APP_ID, QIcon(":/icons/" KIRAMEKI_APP_ID ".svg")));
     QTranslator qtTranslator, ourTranslator;
     if (qtTranslator.load(QLocale(), "qtbase", "_",
                           QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
@@ -22,8 +62,13 @@ int main(int argc, char** argv) {
     if (ourTranslator.load(QLocale(), "kirameki", "_", ":/i18n"))
         QApplication::installTranslator(&ourTranslator);
 
+    AnswerHelpAndVersion(application);  // refuses unknown options
+
     kirameki::QtPrompter prompter;
-    kirameki::ViewerSession session(kirameki::CurrentProgramPaths(), prompter);
+    kirameki::ViewerSession session(
+        kirameki::CurrentProgramPaths(
+            QStandardPaths::writableLocation(QStandardPaths::PicturesLocation).toStdString()),
+        prompter);
     kirameki::DialogFileChooser files;
     kirameki::MainWindow window(session, files);
     prompter.SetOwner(&window);

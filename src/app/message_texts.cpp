@@ -42,6 +42,7 @@ namespace kirameki {
         "the \"Automatic Screen Capture(P)\" menu -> \"Make Animation GIF(A)\",\nthen on the "
         "\"Open Capture-Info File\" dialog,\nSelect this \"%s.sqi\" file."),
     QT_TRANSLATE_NOOP("Messages", "Animation GIF file was saved.\n\n%s"),
+    QT_TRANSLATE_NOOP("Messages", "Animated WebP file was saved.\n\n%s"),
     QT_TRANSLATE_NOOP(
         "Messages",
         "Failed to open file.\n\nFollowing file may not exist in the same directory.\n\n%s\n\n\nIn "

@@ -41,6 +41,7 @@ QString Tr(const char* text) {
     QT_TRANSLATE_NOOP("OutputFlows", "Capture-Info File (*.sqi)"),
     QT_TRANSLATE_NOOP("OutputFlows", "Save Animation GIF File"),
     QT_TRANSLATE_NOOP("OutputFlows", "Animation GIF File (*.gif)"),
+    QT_TRANSLATE_NOOP("OutputFlows", "Animated WebP File (*.webp)"),
     QT_TRANSLATE_NOOP("OutputFlows", "Automatic Screen Capturing"),
     QT_TRANSLATE_NOOP("OutputFlows", "Compiling Animated-GIF"),
     QT_TRANSLATE_NOOP("OutputFlows", "Nothing has been rendered yet: press Ray-Trace first."),
@@ -385,17 +386,20 @@ void OutputFlows::MakeAnimatedGif() {
     session_.Settings().gifDirection = settings.Result().gifDirection;
     session_.Persist();
     gifBlock_.fullPath = captureBlock_.fullPath + "_ANI";
-    const QString output = files_.Choose(
-        owner_, true, Tr("Save Animation GIF File"), {Tr("Animation GIF File (*.gif)")},
-        QString::fromStdString(gifBlock_.initialFolder), QString::fromStdString(gifBlock_.fullPath),
-        nullptr, "gif");
+    const QString output =
+        files_.Choose(owner_, true, Tr("Save Animation GIF File"),
+                      {Tr("Animation GIF File (*.gif)"), Tr("Animated WebP File (*.webp)")},
+                      QString::fromStdString(gifBlock_.initialFolder),
+                      QString::fromStdString(gifBlock_.fullPath), nullptr, "gif");
     owner_->raise();
     if (output.isEmpty())
         return;
     gifBlock_.fullPath = output.toStdString();
+    const bool webp = output.endsWith(".webp", Qt::CaseInsensitive);
     const GifJob job = MakeGifJob(captureBlock_.fullPath + captureBlock_.extension, n,
                                   session_.Settings().gifTimeWeight,
-                                  session_.Settings().gifDirection, gifBlock_.fullPath);
+                                  session_.Settings().gifDirection, gifBlock_.fullPath,
+                                  {webp, webp ? settings.WebPQuality() : -1});
     ProgressWindow window(Tr("Compiling Animated-GIF"), false, owner_);
     QtWorkerSink& sink = session_.Sink();
     connect(&sink, &QtWorkerSink::gifProgress, &window, &ProgressWindow::Progress);
@@ -403,9 +407,15 @@ void OutputFlows::MakeAnimatedGif() {
     connect(&window, &ProgressWindow::started, &window,
             [this, &job] { session_.Client().StartGif(job); });
     if (window.exec() == 1) {
-        Tell(Formatted(messages::kAnimationSaved, gifBlock_.fullPath));
+        Tell(Formatted(webp ? messages::kAnimatedWebPSaved : messages::kAnimationSaved,
+                       gifBlock_.fullPath));
         return;
     }
+    TellAnimationFailure(job, session_.Scene().GifMessage());
+}
+
+void OutputFlows::TellAnimationFailure(const GifJob& job, const std::string& otherwise) {
+    const int n = job.frameCount;
     // The first frame missing or damaged in the order the frames are loaded: backwards when
     // clockwise. Told here, in the window thread, so that the message is translated.
     const bool clockwise = job.direction == 1;
@@ -424,7 +434,7 @@ void OutputFlows::MakeAnimatedGif() {
         }
         size = {picture.width, picture.height};
     }
-    Tell(session_.Scene().GifMessage(), true);
+    Tell(otherwise, true);
 }
 
 }  // namespace kirameki

@@ -11,6 +11,7 @@
 #include "output/record_lock.h"
 #include "output/scene_state.h"
 #include "scene/capture_job.h"
+#include "scene/gif_job.h"
 
 class QWidget;
 
@@ -71,6 +72,8 @@ class OutputFlows : public QObject {
     bool LockRecord(RecordLock& lock);
     // Says how the run ended: a frame not written, an abort, or every frame captured.
     void TellCaptureEnd(int frameCount);
+    // Says which frame, in loading order, is missing or damaged; else tells `otherwise`.
+    void TellAnimationFailure(const GifJob& job, const std::string& otherwise);
     // Takes a record's scene into the viewer, refusing values no table holds.
     void AdoptScene(const AppSettings& read, const ViewState& view);
     void WriteRecord(const std::string& path, const ViewState& orientation);

@@ -160,10 +160,15 @@ int RunGif(Arguments& args) {
     SceneArguments scene;
     std::string sqi, out;
     int delay = -1, direction = -1;
+    AnimationFormat format;
     while (!args.Done()) {
         const std::string_view flag = args.Flag();
         if (flag == "--sqi") {
             sqi = args.Value(flag);
+        } else if (flag == "--webp") {
+            format.webp = true;
+        } else if (flag == "--quality") {
+            format.webpQuality = args.IntValue(flag, 0, 100);
         } else if (flag == "--out") {
             out = args.Value(flag);
         } else if (flag == "--delay") {
@@ -178,8 +183,10 @@ int RunGif(Arguments& args) {
     }
     if (sqi.empty() || out.empty())
         throw UsageError(
-            "usage: kirameki-cli gif --sqi FILE.sqi --out FILE.gif [--delay T] "
-            "[--clockwise] [--settings FILE]");
+            "usage: kirameki-cli gif --sqi FILE.sqi --out FILE [--delay T] "
+            "[--clockwise] [--settings FILE] [--webp [--quality Q]]");
+    if (format.webpQuality >= 0 && !format.webp)
+        throw UsageError("gif: --quality is for --webp");
     if (delay < 0)
         delay = scene.settings.gifTimeWeight;
     if (direction < 0)
@@ -188,7 +195,7 @@ int RunGif(Arguments& args) {
     const int n = scene.settings.captureFrames;
     if (n < 1 || n != scene.capture.framesCaptured)
         throw UsageError(messages::kNotAllFramesCaptured);
-    const GifJob job = MakeGifJob(sqi, n, delay, direction, out);
+    const GifJob job = MakeGifJob(sqi, n, delay, direction, out, format);
     std::string message;
     GifCompiled compiled = GifCompiled::kWriteFailed;
     {

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <memory>
 #include <random>
 
@@ -27,6 +28,43 @@ Target SplitTarget(const std::string& path) {
     if (slash == std::string::npos)
         return {"./", path};
     return {path.substr(0, slash + 1), path.substr(slash + 1)};
+}
+
+// The file a path names after following its symbolic links, so that a link at the target is
+// written through rather than replaced by a file. A link may dangle: the file it names is then
+// created. Empty, with errno set, when the links loop or one cannot be read.
+std::string FollowLinks(const std::string& path) {
+    std::string current = path;
+    for (int hop = 0; hop < 40; ++hop) {
+        struct stat status {};
+        if (lstat(current.c_str(), &status) != 0 || !S_ISLNK(status.st_mode))
+            return current;
+        std::error_code error;
+        const std::string next = std::filesystem::read_symlink(current, error).string();
+        if (error || next.empty()) {
+            errno = error ? error.value() : ENOENT;
+            return {};
+        }
+        current = next[0] == '/' ? next : SplitTarget(current).folder + next;
+    }
+    errno = ELOOP;
+    return {};
+}
+
+// Why the thing at the target may not be replaced by a file: empty for a regular file or
+// nothing. A device, FIFO, socket or folder is left alone.
+std::string NotAFileProblem(const struct stat& status) {
+    if (S_ISREG(status.st_mode))
+        return {};
+    if (S_ISDIR(status.st_mode))
+        return "it is a folder";
+    if (S_ISCHR(status.st_mode) || S_ISBLK(status.st_mode))
+        return "it is a device";
+    if (S_ISFIFO(status.st_mode))
+        return "it is a FIFO";
+    if (S_ISSOCK(status.st_mode))
+        return "it is a socket";
+    return "it is not a regular file";
 }
 
 // Temporary names are short and fixed in length whatever the target's name, so that any name
@@ -128,7 +166,9 @@ bool Produce(const std::function<bool(std::FILE*)>& writer, std::string& bytes) 
 
 class AtomicWrite {
   public:
-    explicit AtomicWrite(const std::string& path) : path_(path), target_(SplitTarget(path)) {}
+    // `path` names the file itself (links followed); `replaced` is its status when it exists.
+    AtomicWrite(const std::string& path, const struct stat* replaced)
+        : path_(path), target_(SplitTarget(path)), replaced_(replaced) {}
     ~AtomicWrite() {
         if (!linkedName_.empty())
             unlink(linkedName_.c_str());
@@ -138,7 +178,7 @@ class AtomicWrite {
 
     bool Run(const std::string& bytes) {
         RemoveStaleTemporaries(target_);
-        if (!Open())
+        if (!Open() || !KeepOwnerAndMode())
             return false;
         if (!WriteAll(fd_, bytes.data(), bytes.size()) || fsync(fd_) != 0)
             return false;
@@ -154,9 +194,22 @@ class AtomicWrite {
     }
 
   private:
+    // A replaced file keeps its owner, group and permissions (as far as this user may set
+    // them); a new one has the mode the umask leaves of 0666, as any new file.
+    bool KeepOwnerAndMode() {
+        if (replaced_ == nullptr)
+            return true;
+        // Ownership first: changing it clears set-user-ID bits the mode then puts back.
+        if (fchown(fd_, replaced_->st_uid, replaced_->st_gid) != 0 &&
+            fchown(fd_, static_cast<uid_t>(-1), replaced_->st_gid) != 0) {
+            // Another user's file: it becomes this user's, with the same permissions.
+        }
+        return fchmod(fd_, replaced_->st_mode & 07777) == 0;
+    }
+
     bool Open() {
         // An unnamed file first: a kill leaves nothing behind.
-        fd_ = open(target_.folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0644);
+        fd_ = open(target_.folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
         if (fd_ >= 0) {
             unnamed_ = true;
             return flock(fd_, LOCK_EX) == 0;
@@ -167,7 +220,7 @@ class AtomicWrite {
         for (int attempt = 0; attempt < 100; ++attempt) {
             const std::string name =
                 target_.folder + TemporaryPrefix(target_.name) + RandomSuffix();
-            fd_ = open(name.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0644);
+            fd_ = open(name.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0666);
             if (fd_ >= 0 && LockedAndStillNamed(fd_)) {
                 linkedName_ = name;
                 return true;
@@ -211,6 +264,7 @@ class AtomicWrite {
 
     std::string path_;
     Target target_;
+    const struct stat* replaced_;
     int fd_ = -1;
     bool unnamed_ = false;
     std::string linkedName_;  // the temporary's name while it has one
@@ -225,7 +279,20 @@ bool WriteFileAtomically(const std::string& path, const std::function<bool(std::
         error = "Cannot write " + path + ": the data could not be encoded";
         return false;
     }
-    AtomicWrite write(path);
+    const std::string file = FollowLinks(path);
+    if (file.empty()) {
+        error = "Cannot write " + path + ": " + std::strerror(errno ? errno : EIO);
+        return false;
+    }
+    struct stat status {};
+    const bool exists = stat(file.c_str(), &status) == 0;
+    if (exists) {
+        if (const std::string problem = NotAFileProblem(status); !problem.empty()) {
+            error = "Cannot write " + path + ": " + problem + ", not a regular file";
+            return false;
+        }
+    }
+    AtomicWrite write(file, exists ? &status : nullptr);
     if (!write.Run(bytes)) {
         error = "Cannot write " + path + ": " + std::strerror(errno ? errno : EIO);
         return false;

@@ -7,6 +7,7 @@
 #include "output/messages.h"
 #include "output/palette_reduction.h"
 #include "output/path_block.h"
+#include "output/webp_animation.h"
 
 namespace kirameki {
 
@@ -14,6 +15,14 @@ GifCompiled CompileAnimatedGif(const std::string& stem, int frameCount, const Fr
                                int delayHundredths, int direction, const std::string& output,
                                const std::function<void(int, int)>& progress,
                                std::string& message) {
+    return CompileAnimation(stem, frameCount, frameSize, delayHundredths, direction, output, {},
+                            progress, message);
+}
+
+GifCompiled CompileAnimation(const std::string& stem, int frameCount, const FrameSize& frameSize,
+                             int delayHundredths, int direction, const std::string& output,
+                             const AnimationFormat& format,
+                             const std::function<void(int, int)>& progress, std::string& message) {
     // Grown frame by frame: a damaged record may claim more frames than memory could hold,
     // and the first one missing ends the loading.
     std::vector<IndexedImage> frames;
@@ -37,13 +46,17 @@ GifCompiled CompileAnimatedGif(const std::string& stem, int frameCount, const Fr
         expected = {loaded.width, loaded.height};
     }
     std::string error;
-    if (!WriteAnimatedGif(output, frames, delayHundredths, error)) {
+    const bool written =
+        format.webp ? WriteAnimatedWebP(output, frames, delayHundredths, format.webpQuality, error)
+                    : WriteAnimatedGif(output, frames, delayHundredths, error);
+    if (!written) {
         message = error;
         return GifCompiled::kWriteFailed;
     }
     if (progress)
         progress(frameCount, frameCount);
-    message = messages::Format(messages::kAnimationSaved, output);
+    message = messages::Format(
+        format.webp ? messages::kAnimatedWebPSaved : messages::kAnimationSaved, output);
     return GifCompiled::kSaved;
 }
 

@@ -19,6 +19,19 @@ GifCompiled CompileAnimatedGif(const std::string& stem, int frameCount, const Fr
                                int delayHundredths, int direction, const std::string& output,
                                const std::function<void(int, int)>& progress, std::string& message);
 
+// The kind of file the frames are compiled into: the 256-colour animated GIF, or an animated
+// WebP in full colour (each frame keeps its own palette), lossless or lossy at a quality.
+struct AnimationFormat {
+    bool webp = false;
+    int webpQuality = -1;  // lossless when negative, else 0..100
+};
+
+// CompileAnimatedGif into the format given.
+GifCompiled CompileAnimation(const std::string& stem, int frameCount, const FrameSize& frameSize,
+                             int delayHundredths, int direction, const std::string& output,
+                             const AnimationFormat& format,
+                             const std::function<void(int, int)>& progress, std::string& message);
+
 // The size of the frames a capture record describes: its picture size, trimmed when trimming
 // is on. Zero when the record cannot be read.
 FrameSize RecordedFrameSize(const std::string& recordPath);

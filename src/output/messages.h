@@ -20,6 +20,7 @@ inline constexpr const char* kNotAllFramesCaptured =
     "All frames have not been captured.\n\nResume capturing by choosing \"Resume(R)\"\nfrom "
     "\"Automatic Screen Capture(P)\" menu.";
 inline constexpr const char* kAnimationSaved = "Animation GIF file was saved.\n\n%s";
+inline constexpr const char* kAnimatedWebPSaved = "Animated WebP file was saved.\n\n%s";
 inline constexpr const char* kMissingFrame =
     "Failed to open file.\n\nFollowing file may not exist in the same directory.\n\n%s\n\n\nIn "
     "this case, Resume capturing to complete the whole set of files.\n\nGo to the \"Automatic "

@@ -1,7 +1,9 @@
 #include "ui/gif_settings_dialog.h"
 
+#include <QCheckBox>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QRadioButton>
 #include <QSpinBox>
@@ -50,11 +52,33 @@ GifSettingsDialog::GifSettingsDialog(const AppSettings& settings, Prompter& prom
     radios->addWidget(anticlockwise_);
     radios->addWidget(clockwise_);
 
+    // Used when the animation is saved as a WebP file; not kept in the settings file.
+    auto* webp = new QGroupBox(tr("Animated WebP"), this);
+    auto* webpRow = new QHBoxLayout(webp);
+    lossless_ = new QCheckBox(tr("Lossless (&L)"), webp);
+    lossless_->setObjectName("webpLossless");
+    lossless_->setChecked(true);
+    webpQuality_ = new QSpinBox(webp);
+    webpQuality_->setObjectName("webpQuality");
+    webpQuality_->setRange(0, 100);
+    webpQuality_->setValue(90);
+    webpQuality_->setPrefix(tr("Quality "));
+    webpQuality_->setEnabled(false);
+    connect(lossless_, &QCheckBox::toggled, webpQuality_, &QSpinBox::setDisabled);
+    webpRow->addWidget(lossless_);
+    webpRow->addWidget(webpQuality_);
+    webpRow->addStretch(1);
+
     auto* body = new QVBoxLayout;
     body->addWidget(weight);
     body->addWidget(direction);
+    body->addWidget(webp);
     FinishLayout(body);
     Show(settings.gifTimeWeight, settings.gifDirection);
+}
+
+int GifSettingsDialog::WebPQuality() const {
+    return lossless_->isChecked() ? -1 : webpQuality_->value();
 }
 
 void GifSettingsDialog::Show(int timeWeight, int direction) {

@@ -2,6 +2,7 @@
 
 #include "ui/setting_dialog.h"
 
+class QCheckBox;
 class QRadioButton;
 class QSpinBox;
 
@@ -15,6 +16,9 @@ class GifSettingsDialog : public SettingDialog {
   public:
     GifSettingsDialog(const AppSettings& settings, Prompter& prompter, QWidget* parent = nullptr);
 
+    // For an animated WebP: -1 lossless, else the quality 0..100.
+    int WebPQuality() const;
+
   protected:
     bool Store(AppSettings& settings) override;
     void RestoreDefaults() override;
@@ -25,6 +29,8 @@ class GifSettingsDialog : public SettingDialog {
     QSpinBox* timeWeight_ = nullptr;
     QRadioButton* anticlockwise_ = nullptr;
     QRadioButton* clockwise_ = nullptr;
+    QCheckBox* lossless_ = nullptr;
+    QSpinBox* webpQuality_ = nullptr;
 };
 
 }  // namespace kirameki

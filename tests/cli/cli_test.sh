@@ -31,6 +31,39 @@ expect_status 2 model --cut 0 --json --bogus
 expect_status 2 nonsense
 expect_status 1 model --cut 0 --obj /nonexistent-folder/stone.obj
 
+# Models out: a welded OBJ with its material, a watertight STL in millimetres, a glTF binary
+# with the stone's optics; each opens in assimp without a warning.
+expect_status 0 model --cut 23 --obj "$out/sphere.obj" --stone 2
+grep -q '^mtllib sphere.mtl$' "$out/sphere.obj" && grep -q '^newmtl Emerald_Green$' "$out/sphere.mtl" \
+  || { echo "FAIL: OBJ material"; failures=$((failures + 1)); }
+expect_status 0 model --cut 23 --stl "$out/sphere.stl" --girdle 20
+expect_status 0 model --cut 0 --glb "$out/stone.glb" --colour 3
+expect_status 2 model --cut 0 --stl "$out/a.stl" --glb "$out/a.glb"
+expect_status 2 model --cut 0 --stl "$out/a.stl" --girdle 0
+python3 -c '
+import json, struct, sys
+data = open(sys.argv[1], "rb").read()
+magic, version, length, size, kind = struct.unpack_from("<4sIIII", data)
+assert magic == b"glTF" and version == 2 and length == len(data) and kind == 0x4E4F534A
+gltf = json.loads(data[20:20 + size])
+assert set(gltf["extensionsUsed"]) == {"KHR_materials_ior", "KHR_materials_transmission",
+    "KHR_materials_volume", "KHR_materials_dispersion"}
+assert gltf["nodes"][0]["name"] == "BrilliantCut (R)"
+assert gltf["materials"][0]["extensions"]["KHR_materials_volume"]["attenuationColor"][2] == 1
+' "$out/stone.glb" || { echo "FAIL: glTF binary"; failures=$((failures + 1)); }
+if command -v admesh >/dev/null; then
+  admesh "$out/sphere.stl" | awk '/disconnected edge/ { open += $NF } END { exit open != 0 }' \
+    || { echo "FAIL: STL has open edges"; failures=$((failures + 1)); }
+fi
+if command -v assimp >/dev/null; then
+  for model in sphere.obj sphere.stl stone.glb; do
+    log=$(assimp info "$out/$model" -l 2>&1)
+    if ! grep -q "Importing file .*OK" <<<"$log" || grep -q "^Warn" <<<"$log"; then
+      echo "FAIL: assimp on $model:"; grep -E "^(Warn|Error)" <<<"$log"; failures=$((failures + 1))
+    fi
+  done
+fi
+
 # The settings file: 729 bytes of defaults, dumped as JSON, and a damaged one refused.
 expect_status 0 settings --file "$out/Setting.ini" --write-defaults
 [ "$(stat -c %s "$out/Setting.ini")" -eq 729 ] || { echo "FAIL: settings size"; failures=$((failures + 1)); }
@@ -45,6 +78,15 @@ expect_status 0 capture --sqi "$out/Gem.sqi" --frames 4 --size 32 --fire off
 [ -f "$out/Gem_F[3].gif" ] || { echo "FAIL: capture frames"; failures=$((failures + 1)); }
 expect_status 0 capture --sqi "$out/Gem.sqi" --resume
 expect_status 0 gif --sqi "$out/Gem.sqi" --out "$out/Gem_ANI.gif" --clockwise
+# The same frames as an animated WebP, lossless or lossy; a quality alone is bad usage.
+expect_status 0 gif --sqi "$out/Gem.sqi" --out "$out/Gem_ANI.webp" --webp
+expect_status 0 gif --sqi "$out/Gem.sqi" --out "$out/Gem_Q.webp" --webp --quality 40
+for webp in Gem_ANI Gem_Q; do
+  python3 -c 'import sys; d=open(sys.argv[1],"rb").read(); assert d[:4]==b"RIFF" and d[8:12]==b"WEBP" and b"ANIM" in d and b"ANMF" in d' \
+    "$out/$webp.webp" || { echo "FAIL: $webp.webp is no animated WebP"; failures=$((failures + 1)); }
+done
+expect_status 2 gif --sqi "$out/Gem.sqi" --out "$out/Gem_X.webp" --quality 40
+expect_status 2 gif --sqi "$out/Gem.sqi" --out "$out/Gem_X.webp" --webp --quality 101
 rm "$out/Gem_F[2].gif"
 expect_status 0 capture --sqi "$out/Gem.sqi" --resume  # complete: only the turn back
 [ -f "$out/Gem_F[2].gif" ] && { echo "FAIL: a plain resume of a complete set rendered"; failures=$((failures + 1)); }

@@ -171,6 +171,12 @@ class MainWindowTest : public QObject {
         w.Flows().MakeAnimatedGif();
         QVERIFY(v.prompter.told.last().startsWith("Animation GIF file was saved."));
         QVERIFY(QFile::exists(folder + "/Gem_ANI.gif"));
+        v.files.answers << folder + "/Gem.sqi" << folder + "/Gem_ANI.webp";
+        w.Flows().MakeAnimatedGif();
+        QVERIFY(v.prompter.told.last().startsWith("Animated WebP file was saved."));
+        QFile webp(folder + "/Gem_ANI.webp");
+        QVERIFY(webp.open(QIODevice::ReadOnly));
+        QCOMPARE(webp.read(12).mid(8), QByteArray("WEBP"));
 
         // Resuming the aborted run completes it from where it stopped.
         v.files.answers << folder + "/Long.sqi";

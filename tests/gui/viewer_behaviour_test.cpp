@@ -332,6 +332,10 @@ class ViewerBehaviourTest : public QObject {
         v.window->Flows().MakeAnimatedGif();
         QVERIFY(v.prompter.told.last().contains("Four_F[2].gif"));
         QVERIFY(!QFile::exists(folder + "/Four_ANI.gif"));
+        v.files.answers << folder + "/Four.sqi" << folder + "/Four_ANI.webp";
+        v.window->Flows().MakeAnimatedGif();
+        QVERIFY(v.prompter.told.last().contains("Four_F[2].gif"));
+        QVERIFY(!QFile::exists(folder + "/Four_ANI.webp"));
         QCOMPARE(v.session->Settings().captureFrames, 4);
     }
 
