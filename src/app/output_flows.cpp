@@ -396,10 +396,10 @@ void OutputFlows::MakeAnimatedGif() {
         return;
     gifBlock_.fullPath = output.toStdString();
     const bool webp = output.endsWith(".webp", Qt::CaseInsensitive);
-    const GifJob job = MakeGifJob(captureBlock_.fullPath + captureBlock_.extension, n,
-                                  session_.Settings().gifTimeWeight,
-                                  session_.Settings().gifDirection, gifBlock_.fullPath,
-                                  {webp, webp ? settings.WebPQuality() : -1});
+    const GifJob job =
+        MakeGifJob(captureBlock_.fullPath + captureBlock_.extension, n,
+                   session_.Settings().gifTimeWeight, session_.Settings().gifDirection,
+                   gifBlock_.fullPath, {webp, webp ? settings.WebPQuality() : -1});
     ProgressWindow window(Tr("Compiling Animated-GIF"), false, owner_);
     QtWorkerSink& sink = session_.Sink();
     connect(&sink, &QtWorkerSink::gifProgress, &window, &ProgressWindow::Progress);

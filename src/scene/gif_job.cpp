@@ -8,8 +8,10 @@ GifJob MakeGifJob(const std::string& recordPath, int frameCount, int delay, int 
                   const std::string& output, const AnimationFormat& format) {
     PathBlock block;
     ChoosePath(recordPath, block);
-    return {block.fullPath,         frameCount, delay,
-            direction == 1 ? 1 : 0, output,     RecordedFrameSize(recordPath), format};
+    return {block.fullPath, frameCount,
+            delay,          direction == 1 ? 1 : 0,
+            output,         RecordedFrameSize(recordPath),
+            format};
 }
 
 GifCompiled RunGifJob(const GifJob& job, const std::function<void(int, int)>& progress,
