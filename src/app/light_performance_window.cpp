@@ -88,6 +88,11 @@ LightPerformanceWindow::LightPerformanceWindow(ViewerSession& session,
     figures_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     figures_->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     figures_->setMinimumWidth(380);
+    figures_->resizeRowsToContents();
+    // Every figure in sight without scrolling.
+    figures_->setMinimumHeight(figures_->verticalHeader()->length() +
+                               figures_->horizontalHeader()->sizeHint().height() +
+                               2 * figures_->frameWidth());
     middle->addWidget(figures_);
     plot_ = new QLabel(this);
     plot_->setMinimumSize(480, 300);
