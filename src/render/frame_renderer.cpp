@@ -34,34 +34,62 @@ class RowRenderer {
           centreX_(std::lround(image.Width() * 0.5)),
           centreY_(std::lround(image.Height() * 0.5)),
           scale_(double(scale)),
-          r0_(optics::NormalReflectance(p.outerIndex, p.stoneIndex)) {}
+          r0_(optics::NormalReflectance(p.outerIndex, p.stoneIndex)),
+          fireIndices_(FireIndices(p)) {}
 
-    // Renders one row with the path memory of the calling thread.
-    void Render(int py, TracerPathMemory& memory) const {
-        TraceScene scene = scene_;
-        scene.memory = &memory;
+    // Renders one row with the path memory of the calling thread: with fire, the three
+    // samples of each pixel as one bundle; without, neighbouring pixels four at a time.
+    void Render(int py, TracerBundleMemory& memory) const {
         const double oy = -double(py - centreY_) / scale_;
-        for (int px = 0; px < image_.Width(); ++px) {
-            const Vec3 origin = {double(px - centreX_) / scale_, oy, kRayStartZ};
-            image_.SetPixel(px, py, p_.fire ? FirePixel(origin, scene) : PlainPixel(origin, scene));
+        const int width = image_.Width();
+        RayBundle bundle;
+        BundleResults results;
+        if (p_.fire) {
+            bundle.count = kFireSamples;
+            bundle.stoneIndices = fireIndices_;
+            for (int px = 0; px < width; ++px) {
+                const Vec3 origin = {double(px - centreX_) / scale_, oy, kRayStartZ};
+                bundle.origins.fill(origin);
+                TraceBundle(bundle, p_.outerIndex, r0_, scene_, memory, results);
+                int sample = 0;
+                const auto traced = [&](double, TraceResults& r) {
+                    r = results.rays[std::size_t(sample)];
+                    return results.hits[std::size_t(sample++)] != 0;
+                };
+                image_.SetPixel(
+                    px, py,
+                    kirameki::FirePixel(traced, p_.stoneIndex, p_.fireSpread, p_.backColour));
+            }
+            return;
+        }
+        bundle.stoneIndices.fill(p_.stoneIndex);
+        for (int px = 0; px < width; px += kBundleRays) {
+            bundle.count = std::min(kBundleRays, width - px);
+            for (int i = 0; i < bundle.count; ++i)
+                bundle.origins[std::size_t(i)] = {double(px + i - centreX_) / scale_, oy,
+                                                  kRayStartZ};
+            TraceBundle(bundle, p_.outerIndex, r0_, scene_, memory, results);
+            for (int i = 0; i < bundle.count; ++i) {
+                const TraceResults& r = results.rays[std::size_t(i)];
+                image_.SetPixel(px + i, py,
+                                MapPixel(results.hits[std::size_t(i)] != 0, r.highlight,
+                                         r.colour[0], r.colour[1], r.colour[2], p_.backColour));
+            }
         }
     }
 
   private:
-    std::uint32_t PlainPixel(Vec3 origin, const TraceScene& scene) const {
-        TraceResults r;
-        const bool hit = Trace_TraceVector(origin, {0, 0, 1}, p_.outerIndex, p_.stoneIndex, 0, r0_,
-                                           scene, r) != 0;
-        return MapPixel(hit, r.highlight, r.colour[0], r.colour[1], r.colour[2], p_.backColour);
-    }
-
-    std::uint32_t FirePixel(Vec3 origin, const TraceScene& scene) const {
-        return kirameki::FirePixel(
-            [&](double index, TraceResults& r) {
-                return Trace_TraceVector(origin, {0, 0, 1}, p_.outerIndex, index, 0, r0_, scene,
-                                         r) != 0;
-            },
-            p_.stoneIndex, p_.fireSpread, p_.backColour);
+    // The stone index of each fire sample, as the fire rule works it out.
+    static std::array<double, kBundleRays> FireIndices(const RenderParameters& p) {
+        std::array<double, kBundleRays> indices{};
+        indices.fill(p.stoneIndex);
+        int sample = 0;
+        const auto note = [&](double index, TraceResults&) {
+            indices[std::size_t(sample++)] = index;
+            return true;
+        };
+        kirameki::FirePixel(note, p.stoneIndex, p.fireSpread, p.backColour);
+        return indices;
     }
 
     const RenderParameters& p_;
@@ -71,6 +99,7 @@ class RowRenderer {
     long centreY_;
     double scale_;
     double r0_;
+    std::array<double, kBundleRays> fireIndices_;
 };
 
 // Runs the rows on worker threads, released one at a time in order from the calling
@@ -125,7 +154,7 @@ class RowScheduler {
 
   private:
     void Work() {
-        TracerPathMemory memory;  // this thread's last path, to guess the next one from
+        TracerBundleMemory memory;  // this thread's last paths, to guess the next ones from
         for (;;) {
             int row;
             {
