@@ -109,14 +109,14 @@ class RowRenderer {
 // wakes once per few rows rather than once per row.
 class RowScheduler {
   public:
-    RowScheduler(int rows, int threads, const RowRenderer& renderer)
+    RowScheduler(int rows, int threads, const RowRenderer& renderer, RenderThreads& pool)
         : rows_(rows),
           window_(8 * threads),
           lowWater_(4 * threads),
           done_(std::size_t(rows), 0),
-          renderer_(renderer) {
-        for (int i = 0; i < threads; ++i)
-            workers_.emplace_back([this] { Work(); });
+          renderer_(renderer),
+          pool_(pool) {
+        pool_.Start(threads, [this] { Work(); });
     }
     ~RowScheduler() {
         {
@@ -124,9 +124,10 @@ class RowScheduler {
             stopping_ = true;
         }
         wake_.notify_all();
-        for (std::thread& worker : workers_)
-            worker.join();
+        pool_.Wait();
     }
+    RowScheduler(const RowScheduler&) = delete;
+    RowScheduler& operator=(const RowScheduler&) = delete;
 
     // Releases one more row; when the window is full, first waits until half of it is done.
     void Release() {
@@ -190,7 +191,7 @@ class RowScheduler {
     int completed_ = 0;
     int prefix_ = 0;
     bool stopping_ = false;
-    std::vector<std::thread> workers_;
+    RenderThreads& pool_;
 };
 
 int ThreadCount(int requested) {
@@ -230,6 +231,14 @@ std::uint32_t MapPixel(bool hit, double highlight, double red, double green, dou
 int RenderFrame(const RenderParameters& parameters, const GemModel& model, Vec3 lightDirection,
                 const RenderGeometry& geometry, TracerWorkAreas& work, FrameImage& image,
                 RenderSink& sink, const AbortPoll& abortPoll) {
+    RenderThreads pool;
+    return RenderFrame(parameters, model, lightDirection, geometry, work, image, sink, abortPoll,
+                       pool);
+}
+
+int RenderFrame(const RenderParameters& parameters, const GemModel& model, Vec3 lightDirection,
+                const RenderGeometry& geometry, TracerWorkAreas& work, FrameImage& image,
+                RenderSink& sink, const AbortPoll& abortPoll, RenderThreads& pool) {
     TraceScene scene;
     scene.lightDirection = lightDirection;
     scene.faceCount = model.FaceCount;
@@ -275,7 +284,7 @@ int RenderFrame(const RenderParameters& parameters, const GemModel& model, Vec3 
     };
     {
         const int threads = ThreadCount(parameters.threads);
-        RowScheduler scheduler(rows, threads, renderer);
+        RowScheduler scheduler(rows, threads, renderer, pool);
         for (int py = 0; py < rows; ++py) {
             int completed, prefix;
             scheduler.Finished(completed, prefix);

@@ -177,9 +177,9 @@ void Worker::RenderFrameCommand() {
         sink_.RenderFinished();
         return;
     }
-    RenderFrame(RenderParametersFor(settings_), *model_, view_.LightDirection,
-                GeometryFor(settings_), *work_, image_, forward,
-                [this] { return AbortRequested(); });
+    RenderFrame(
+        RenderParametersFor(settings_), *model_, view_.LightDirection, GeometryFor(settings_),
+        *work_, image_, forward, [this] { return AbortRequested(); }, renderThreads_);
     scene_.PublishFrame(image_);
 }
 

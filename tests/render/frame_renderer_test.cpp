@@ -83,6 +83,11 @@ struct Scene {
         return RenderFrame(parameters, *model, view.LightDirection, {size, ScaleForSize(size)},
                            *work, image, sink, poll);
     }
+    int Render(FrameImage& image, RecordingSink& sink, RenderThreads& threads,
+               const AbortPoll& poll = {}, int size = 64) {
+        return RenderFrame(parameters, *model, view.LightDirection, {size, ScaleForSize(size)},
+                           *work, image, sink, poll, threads);
+    }
 };
 
 TEST(RenderFrame, ReportsProgressUpTo100AndShowsEveryRowInOrder) {
@@ -140,6 +145,18 @@ TEST(RenderFrame, ThePictureIsTheSameOnAnyNumberOfThreads) {
     scene.Render(five, sink, {}, 96);
     EXPECT_EQ(one.Bytes(), two.Bytes());
     EXPECT_EQ(one.Bytes(), five.Bytes());
+    // Threads kept from frame to frame, through an abort and a change of count.
+    RenderThreads threads;
+    for (int count : {2, 5, 1, 2}) {
+        FrameImage kept, partial;
+        scene.parameters.threads = count;
+        int polls = 0;
+        EXPECT_EQ(scene.Render(
+                      partial, sink, threads, [&] { return ++polls == 30; }, 96),
+                  0);
+        EXPECT_EQ(scene.Render(kept, sink, threads, {}, 96), 1);
+        EXPECT_EQ(one.Bytes(), kept.Bytes()) << count;
+    }
 }
 
 TEST(RenderFrame, HighQualityRendersTwiceTheSizeAndShowsThePictureAtTheEnd) {
