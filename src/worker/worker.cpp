@@ -292,7 +292,7 @@ void Worker::CaptureFrames(const CaptureRun& run) {
     if (SceneProblem(settings_).empty()) {
         outcome = RunCapture(
             run, *model_, view_, *work_, image_, forward, [this] { return AbortRequested(); },
-            observer);
+            observer, renderThreads_);
         scene_.PublishFrame(image_);
     }
     scene_.SetCapturedFrames(outcome.framesDone);
