@@ -69,6 +69,7 @@ class Worker {
     std::thread thread_;
 
     AppSettings settings_;  // the copy taken at the start of the command under way
+    StoneSource stone_;     // taken with the settings
     std::unique_ptr<GemModel> model_ = std::make_unique<GemModel>();
     std::unique_ptr<TracerWorkAreas> work_ = std::make_unique<TracerWorkAreas>();
     std::unique_ptr<PreviewPolygons> preview_ = std::make_unique<PreviewPolygons>();
