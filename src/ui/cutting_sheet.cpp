@@ -197,7 +197,7 @@ void DrawTable(Pages& page, const OpenDesign& design) {
     QPainter& painter = page.painter;
     const std::vector<CuttingRow> rows = CuttingRows(design);
     const double w = page.width;
-    const double columns[4] = {0.14 * w, 0.12 * w, 0.44 * w, 0.30 * w};
+    const double columns[4] = {0.10 * w, 0.10 * w, 0.50 * w, 0.30 * w};
     const QString headers[4] = {Tr("Tier"), Tr("Angle"), Tr("Indices"), Tr("Instruction")};
     const double pad = Mm(page.writer, 1.0);
     const auto drawRow = [&](const QString(&cells)[4], bool bold) {
@@ -225,8 +225,11 @@ void DrawTable(Pages& page, const OpenDesign& design) {
     };
     drawRow(headers, true);
     for (const CuttingRow& row : rows) {
+        // A long run of indices breaks after a dash, never inside a number.
+        QString indices = row.indices;
+        indices.replace('-', QString("-") + QChar(0x200B));
         const QString cells[4] = {
-            row.name, row.angle, row.indices,
+            row.name, row.angle, indices,
             row.touching ? row.instruction
                          : (row.instruction + " " + Tr("(does not touch the stone)")).trimmed()};
         drawRow(cells, false);
