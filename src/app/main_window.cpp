@@ -264,7 +264,7 @@ QWidget* MainWindow::BuildControls() {
     stoneList_ = new QComboBox(stoneBox);
     cutList_ = new QComboBox(stoneBox);
     colourList_ = new QComboBox(stoneBox);
-    cutList_->setMaxVisibleItems(28);
+    cutList_->setMaxVisibleItems(kCutListSize + 1);  // the cuts and an open design
     indexField_ = new QLineEdit(stoneBox);
     indexField_->setMaxLength(8);
     grid->addWidget(new QLabel(tr("stone :"), stoneBox), 0, 0);

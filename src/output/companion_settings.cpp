@@ -93,8 +93,11 @@ CompanionSettings ParseCompanionSettings(const std::string& text) {
         settings.openDesign.clear();
         settings.designShown = false;
     }
-    for (auto it = recent.rbegin(); it != recent.rend(); ++it)
-        settings.RememberDesign(*it);
+    for (const std::string& path : recent)
+        if (settings.recentDesigns.size() < CompanionSettings::kRecentCount &&
+            std::find(settings.recentDesigns.begin(), settings.recentDesigns.end(), path) ==
+                settings.recentDesigns.end())
+            settings.recentDesigns.push_back(path);
     while (!settings.otherLines.empty() && Trimmed(settings.otherLines.back()).empty())
         settings.otherLines.pop_back();
     return settings;
