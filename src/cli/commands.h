@@ -13,5 +13,6 @@ int RunSettings(Arguments& args);
 int RunCapture(Arguments& args);
 int RunGif(Arguments& args);
 int RunDesign(Arguments& args);
+int RunBatch(Arguments& args);
 
 }  // namespace kirameki::cli

@@ -20,6 +20,8 @@ constexpr const char* kUsage =
     "  gif --sqi FILE.sqi --out FILE [--delay T] [--clockwise] [--settings FILE]\n"
     "      [--webp [--quality Q]]       animated GIF, or WebP (lossless unless Q is given)\n"
     "  design --in FILE.asc (--json | --out FILE.asc) | --cut K --out FILE.asc [--gear N]\n"
+    "  batch --designs FOLDER|LIST --out FOLDER [--job render|turntable] [--shard I/N]\n"
+    "        [--frames N] [-- render or capture flags]   one JSON line per design\n"
     "scene flags: --settings FILE --position FILE.gpi --design FILE.asc --stone S --cut K\n"
     "             --colour C --index N"
     " --size PX --depth D --hq --fire on|off --turn ID:ROUNDS --threads N\n";
@@ -39,7 +41,7 @@ int main(int argc, char** argv) {
         static const std::pair<std::string_view, Command> kCommands[] = {
             {"tables", RunTables}, {"model", RunModel},       {"preview", RunPreview},
             {"render", RunRender}, {"settings", RunSettings}, {"capture", RunCapture},
-            {"gif", RunGif},       {"design", RunDesign},
+            {"gif", RunGif},       {"design", RunDesign},     {"batch", RunBatch},
         };
         for (const auto& [name, run] : kCommands)
             if (command == name)

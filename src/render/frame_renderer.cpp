@@ -4,10 +4,12 @@
 #include <cmath>
 #include <condition_variable>
 #include <mutex>
+#include <optional>
 #include <thread>
 #include <vector>
 
 #include "render/optics.h"
+#include "render/spectral_fire.h"
 
 namespace kirameki {
 
@@ -27,9 +29,11 @@ int ClampByte(long value) {
 // Renders the pixels of one row of the working picture.
 class RowRenderer {
   public:
-    RowRenderer(const RenderParameters& p, const TraceScene& scene, FrameImage& image, int scale)
+    RowRenderer(const RenderParameters& p, const TraceScene& scene, FrameImage& image, int scale,
+                const SpectralFire* spectral)
         : p_(p),
           scene_(scene),
+          spectral_(spectral),
           image_(image),
           centreX_(std::lround(image.Width() * 0.5)),
           centreY_(std::lround(image.Height() * 0.5)),
@@ -43,7 +47,10 @@ class RowRenderer {
         const double oy = -double(py - centreY_) / scale_;
         for (int px = 0; px < image_.Width(); ++px) {
             const Vec3 origin = {double(px - centreX_) / scale_, oy, kRayStartZ};
-            image_.SetPixel(px, py, p_.fire ? FirePixel(origin, scene) : PlainPixel(origin, scene));
+            image_.SetPixel(px, py,
+                            spectral_ ? SpectralPixel(origin, scene)
+                            : p_.fire ? FirePixel(origin, scene)
+                                      : PlainPixel(origin, scene));
         }
     }
 
@@ -64,8 +71,27 @@ class RowRenderer {
             p_.stoneIndex, p_.fireSpread, p_.backColour);
     }
 
+    // The pixel traced at each wavelength of the spectral fire; the back colour when a
+    // wavelength misses the stone, as with the three fire samples.
+    std::uint32_t SpectralPixel(Vec3 origin, const TraceScene& scene) const {
+        std::array<double, SpectralFire::kMaxSamples> light{};
+        double highlight = 0.0;
+        for (int i = 0; i < spectral_->Count(); ++i) {
+            TraceResults r;
+            if (Trace_TraceVector(origin, {0, 0, 1}, p_.outerIndex, spectral_->IndexAt(i), 0, r0_,
+                                  scene, r) == 0)
+                return MapPixel(false, 0.0, 0.0, 0.0, 0.0, p_.backColour);
+            light[std::size_t(i)] = r.colour[std::size_t(spectral_->ChannelOf(i))];
+            if (i == spectral_->Middle())
+                highlight = r.highlight;
+        }
+        const std::array<double, 3> rgb = spectral_->Compose(light.data());
+        return MapPixel(true, highlight, rgb[0], rgb[1], rgb[2], p_.backColour);
+    }
+
     const RenderParameters& p_;
     const TraceScene& scene_;
+    const SpectralFire* spectral_;
     FrameImage& image_;
     long centreX_;
     long centreY_;
@@ -213,6 +239,7 @@ int RenderFrame(const RenderParameters& parameters, const GemModel& model, Vec3 
     scene.backColour = parameters.backColour;
     scene.lightVolumes = parameters.lightVolumes;
     scene.narrowMainLight = parameters.narrowMainLight;
+    scene.light = parameters.light;
     PrepareTracer(scene);
 
     const int size = geometry.size;
@@ -229,7 +256,10 @@ int RenderFrame(const RenderParameters& parameters, const GemModel& model, Vec3 
     FrameImage& target = factor == 2 ? large : image;
     const int rows = target.Height();
     const int scale = int(std::lround(geometry.scale * double(factor)));
-    const RowRenderer renderer(parameters, scene, target, scale);
+    std::optional<SpectralFire> spectral;
+    if (parameters.spectralSamples > 0)
+        spectral.emplace(parameters.spectralSamples, parameters.stoneIndex, parameters.dispersion);
+    const RowRenderer renderer(parameters, scene, target, scale, spectral ? &*spectral : nullptr);
 
     bool aborted = false;
     int lastPercent = 0, shown = 0;

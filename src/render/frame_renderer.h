@@ -23,7 +23,12 @@ struct RenderParameters {
     std::array<std::int32_t, 3> backColour{};
     std::array<std::int32_t, 3> lightVolumes{100, 100, 100};
     std::int32_t narrowMainLight = 0;
-    int threads = 0;  // 0: every core
+    LightSetup light;  // the classic three lights unless a standard model is chosen
+    // Spectral fire instead of the three fire samples: this many wavelengths from 400 to
+    // 700 nm (0: off), each at the stone's index for it from its dispersion.
+    int spectralSamples = 0;
+    double dispersion = 0.044;  // n(430.8 nm) - n(686.7 nm), the B-G dispersion
+    int threads = 0;            // 0: every core
 };
 
 // The picture's size and scale: a square of `size` pixels, `scale` pixels per model unit.

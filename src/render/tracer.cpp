@@ -139,7 +139,7 @@ void PrepareTracer(TraceScene& scene) {
     area.search = SelectPlaneSearch();
     PrepareEdges(scene, count);
     scene.work->lighting = Lighting(scene.lightDirection, scene.lightVolumes, scene.backColour,
-                                    scene.narrowMainLight != 0);
+                                    scene.narrowMainLight != 0, scene.light);
     area.paddedCount = (count + kPlanePadding - 1) / kPlanePadding * kPlanePadding;
     for (int i = count; i < area.paddedCount; ++i) {
         area.nx[i] = area.ny[i] = area.nz[i] = 0.0;

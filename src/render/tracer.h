@@ -91,6 +91,7 @@ struct TraceScene {
     std::array<std::int32_t, 3> backColour{};    // 0..255
     std::array<std::int32_t, 3> lightVolumes{};  // main, back, fill, percent 0..200
     std::int32_t narrowMainLight = 0;
+    LightSetup light;                    // the lighting model
     TracerPathMemory* memory = nullptr;  // one per thread; none: every face is searched
 };
 
