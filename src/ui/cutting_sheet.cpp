@@ -197,7 +197,7 @@ void DrawTable(Pages& page, const OpenDesign& design) {
     QPainter& painter = page.painter;
     const std::vector<CuttingRow> rows = CuttingRows(design);
     const double w = page.width;
-    const double columns[4] = {0.10 * w, 0.10 * w, 0.50 * w, 0.30 * w};
+    const double columns[4] = {0.14 * w, 0.09 * w, 0.47 * w, 0.30 * w};
     const QString headers[4] = {Tr("Tier"), Tr("Angle"), Tr("Indices"), Tr("Instruction")};
     const double pad = Mm(page.writer, 1.0);
     const auto drawRow = [&](const QString(&cells)[4], bool bold) {
