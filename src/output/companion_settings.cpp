@@ -62,7 +62,7 @@ std::string CompanionSettingsPath(const std::string& settingsFile) {
 CompanionSettings ParseCompanionSettings(const std::string& text) {
     CompanionSettings settings;
     std::vector<std::string> recent;
-    bool inDesign = false;
+    enum class Section { kNone, kDesign, kOther } section = Section::kNone;
     std::size_t start = 0;
     while (start < text.size()) {
         std::size_t end = text.find('\n', start);
@@ -70,19 +70,19 @@ CompanionSettings ParseCompanionSettings(const std::string& text) {
             end = text.size();
         std::string line = text.substr(start, end - start);
         start = end + 1;
-        if (!line.empty() && line.back() == '\r')
+        while (!line.empty() && line.back() == '\r')
             line.pop_back();
         const std::string_view trimmed = Trimmed(line);
         if (!trimmed.empty() && trimmed.front() == '[' && trimmed.back() == ']') {
-            inDesign = trimmed.substr(1, trimmed.size() - 2) == kDesignSection;
-            if (inDesign)
+            section = trimmed.substr(1, trimmed.size() - 2) == kDesignSection ? Section::kDesign
+                                                                              : Section::kOther;
+            if (section == Section::kDesign)
                 continue;
         }
-        if (!inDesign) {
-            if (!trimmed.empty() || !settings.otherLines.empty())
-                settings.otherLines.push_back(line);
-            continue;
-        }
+        if (section == Section::kOther)
+            settings.otherLines.push_back(line);
+        if (section != Section::kDesign)
+            continue;  // lines before any section belong to none: damage, dropped
         const auto equals = line.find('=');
         if (equals == std::string::npos)
             continue;  // a damaged line is dropped, the rest still counts
