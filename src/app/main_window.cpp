@@ -31,6 +31,7 @@
 #include <memory>
 
 #include "app/light_area.h"
+#include "app/light_performance_window.h"
 #include "app/output_flows.h"
 #include "app/render_window.h"
 #include "app/view_panel.h"
@@ -190,6 +191,7 @@ void MainWindow::BuildMenus() {
     view->addSeparator();
     designWindowAction_ =
         view->addAction(tr("Design (&D)..."), this, &MainWindow::ShowDesignWindow);
+    view->addAction(tr("Light Performance... (&P)"), this, &MainWindow::ShowLightPerformance);
 
     QMenu* colours = menuBar()->addMenu(tr("Polygon Color(&C)"));
     const QString names[8] = {tr("White (&W)"),     tr("Red (&R)"),    tr("Green (&G)"),
@@ -759,6 +761,20 @@ void MainWindow::dropEvent(QDropEvent* event) {
     event->acceptProposedAction();
     // The drag's source waits until the drop returns: the design opens after it.
     QTimer::singleShot(0, this, [this, path] { OpenDesign(path); });
+}
+
+LightPerformanceWindow& MainWindow::LightPerformance() {
+    if (!lightPerformance_)
+        lightPerformance_ = new LightPerformanceWindow(
+            session_, [this] { return CheckRefractiveIndex(); }, this);
+    return *lightPerformance_;
+}
+
+void MainWindow::ShowLightPerformance() {
+    LightPerformanceWindow& window = LightPerformance();
+    window.show();
+    window.raise();
+    window.activateWindow();
 }
 
 void MainWindow::ShowVersion() {

@@ -22,6 +22,7 @@ class OutputFlows;
 class DesignWindow;
 class SettingDialog;
 class RenderWindow;
+class LightPerformanceWindow;
 class ViewPanel;
 
 // The main window: menus, the stone, cut and colour lists with the refractive index, the
@@ -52,6 +53,8 @@ class MainWindow : public QMainWindow {
     QLabel& InfoLabel() { return *info_; }
     LightArea& Light() { return *lightArea_; }
     RenderWindow& Render() { return *renderWindow_; }
+    // The light performance window, made on first use.
+    LightPerformanceWindow& LightPerformance();
 
     // Opens a design file as the stone (the menu, a drop, the recent list and the command
     // line all come here): a design that cannot be read is told with its line and changes
@@ -103,6 +106,7 @@ class MainWindow : public QMainWindow {
     void FillRecentMenu();
     // The cut list's extra entry, the design window and its menu item as the open design is.
     void ShowDesign();
+    void ShowLightPerformance();
     void ApplySettingWindow(SettingDialog& dialog, bool rebuild);
     bool KeyEvent(QKeyEvent* event, bool down);
 
@@ -115,6 +119,7 @@ class MainWindow : public QMainWindow {
     LightArea* lightArea_ = nullptr;
     RenderWindow* renderWindow_ = nullptr;
     OutputFlows* flows_ = nullptr;
+    LightPerformanceWindow* lightPerformance_ = nullptr;  // made when first shown
     QComboBox* stoneList_ = nullptr;
     QComboBox* cutList_ = nullptr;
     QComboBox* colourList_ = nullptr;

@@ -136,6 +136,10 @@ void Worker::Dispatch(const ThreadMessage& message) {
             if (const auto* job = std::get_if<GifJob>(&message.payload))
                 CompileAnimatedGif(*job);
             break;
+        case kStudyLight:
+            if (const auto* setup = std::get_if<LightStudySetup>(&message.payload))
+                StudyLight(*setup);
+            break;
         default:
             break;  // an abort with nothing to abort, or an unknown code
     }
@@ -312,6 +316,16 @@ void Worker::CompileAnimatedGif(const GifJob& job) {
             job, [this](int frame, int count) { sink_.GifProgress(frame, count); }, message);
     scene_.SetGifMessage(message);
     sink_.GifFinished(ok ? 1 : 2);
+}
+
+void Worker::StudyLight(const LightStudySetup& setup) {
+    // The stone as it is: a build of the model posted before this has been carried out.
+    LightStudy study;
+    const bool done = RunLightStudy(
+        setup, *model_, view_.LightDirection, *work_, study, [this] { return AbortRequested(); },
+        [this](int picture, int total) { sink_.LightStudyProgress(picture, total); });
+    sink_.LightStudyFinished(done ? 1 : 2, study);
+    sink_.RenderFinished();  // ends the busy state the client set, as after a capture
 }
 
 }  // namespace kirameki

@@ -60,6 +60,7 @@ class Worker {
     void ResetOrientation();
     void CaptureFrames(const CaptureRun& run);
     void CompileAnimatedGif(const GifJob& job);
+    void StudyLight(const LightStudySetup& setup);
     bool AbortRequested();
 
     SharedScene& scene_;
