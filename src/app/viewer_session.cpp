@@ -56,7 +56,9 @@ void ViewerSession::ReopenDesign() {
     auto design = std::make_shared<OpenDesign>();
     std::string error;
     if (OpenDesignFile(companion_.openDesign, *design, error)) {
-        SetDesign(std::move(design), companion_.designShown);
+        design_ = std::move(design);
+        designShown_ = companion_.designShown;
+        scene_.SetStone(Stone());
         return;
     }
     // Said once: the next start does not look for it again.
