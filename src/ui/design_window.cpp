@@ -5,6 +5,8 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPainter>
+#include <QPixmap>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -32,9 +34,16 @@ DesignWindow::DesignWindow(SheetChooser choose, Prompter& prompts, QWidget* pare
     tiers_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     tiers_->setWordWrap(true);
     layout->addWidget(tiers_, 1);
+    auto* lower = new QHBoxLayout;
     proportions_ = new QLabel(this);
     proportions_->setWordWrap(true);
-    layout->addWidget(proportions_);
+    proportions_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    lower->addWidget(proportions_, 1);
+    for (QLabel*& outline : outlines_) {
+        outline = new QLabel(this);
+        lower->addWidget(outline);
+    }
+    layout->addLayout(lower);
     notes_ = new QLabel(this);
     notes_->setWordWrap(true);
     notes_->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -79,6 +88,17 @@ void DesignWindow::SetDesign(std::shared_ptr<const OpenDesign> design) {
     tiers_->resizeRowsToContents();
     proportions_->setText("<b>" + tr("Proportions (of the width)") + "</b><br>" +
                           ProportionLines(*design_).join("<br>"));
+    // The crown and the side as the cutting sheet draws them.
+    const StoneView views[2] = {StoneView::kTop, StoneView::kSide};
+    for (int i = 0; i < 2; ++i) {
+        QPixmap picture(QSize(190, 190) * devicePixelRatioF());
+        picture.setDevicePixelRatio(devicePixelRatioF());
+        picture.fill(Qt::white);
+        QPainter painter(&picture);
+        DrawStoneView(painter, *design_, views[i], QRectF(8, 8, 174, 174));
+        painter.end();
+        outlines_[std::size_t(i)]->setPixmap(picture);
+    }
     QStringList notes;
     for (const std::string& note : d.footnotes)
         notes << QString::fromStdString(note).toHtmlEscaped();

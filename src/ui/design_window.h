@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <array>
 #include <functional>
 #include <memory>
 
@@ -40,6 +41,7 @@ class DesignWindow : public QDialog {
     QLabel* gear_ = nullptr;
     QTableWidget* tiers_ = nullptr;
     QLabel* proportions_ = nullptr;
+    std::array<QLabel*, 2> outlines_{};
     QLabel* notes_ = nullptr;
 };
 
