@@ -12,6 +12,7 @@
 #include <QSaveFile>
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 #include "model/design_solid.h"
 
@@ -180,12 +181,13 @@ struct Pages {
     QPdfWriter& writer;
     double top, bottom, left, width;
     double y;
-    // Room for a block of the given height: a new page when the rest of this one is too short.
-    void Need(double height) {
+    // Room for a block of the given height: true when it needed a new page.
+    bool Need(double height) {
         if (y + height <= bottom)
-            return;
+            return false;
         writer.newPage();
         y = top;
+        return true;
     }
 };
 
@@ -200,7 +202,8 @@ void DrawTable(Pages& page, const OpenDesign& design) {
     const double columns[4] = {0.14 * w, 0.09 * w, 0.47 * w, 0.30 * w};
     const QString headers[4] = {Tr("Tier"), Tr("Angle"), Tr("Indices"), Tr("Instruction")};
     const double pad = Mm(page.writer, 1.0);
-    const auto drawRow = [&](const QString(&cells)[4], bool bold) {
+    const std::function<void(const QString(&)[4], bool)> drawRow = [&](const QString(&cells)[4],
+                                                                       bool bold) {
         QFont font = painter.font();
         font.setBold(bold);
         painter.setFont(font);
@@ -211,7 +214,8 @@ void DrawTable(Pages& page, const OpenDesign& design) {
                                                         Qt::TextWordWrap, cells[c])
                                           .height());
         height += 2 * pad;
-        page.Need(height);
+        if (page.Need(height) && !bold)
+            drawRow(headers, true);  // every page of the table starts with its header
         double x = page.left;
         for (int c = 0; c < 4; ++c) {
             painter.drawText(QRectF(x + pad, page.y + pad, columns[c] - 2 * pad, height),
@@ -254,7 +258,9 @@ std::vector<CuttingRow> CuttingRows(const OpenDesign& open) {
     for (std::size_t t = 0; t < design.tiers.size(); ++t) {
         const DesignTier& tier = design.tiers[t];
         CuttingRow row;
-        row.name = labels[t];
+        // A tier named facet by facet shows its first and last names.
+        const QStringList names = labels[t].split(", ");
+        row.name = names.size() > 2 ? names.first() + QString(" – ") + names.last() : labels[t];
         row.angle = (tier.below ? "-" : "") + QString::number(tier.angle, 'f', 2) + "°";
         QStringList indices;
         for (const double index : tier.indices)
