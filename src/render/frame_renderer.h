@@ -6,6 +6,7 @@
 
 #include "model/gem_model.h"
 #include "render/frame_image.h"
+#include "render/render_threads.h"
 #include "render/tracer.h"
 
 namespace kirameki {
@@ -94,7 +95,13 @@ std::uint32_t FirePixel(Trace&& trace, double stoneIndex, double spread,
 // Ray-traces the model (view vertices and face data of the current orientation) into the
 // image, which is resized to the geometry's size when it differs. Returns 1 when every row
 // was rendered and 0 after an abort; the image then holds the partial picture. The picture
-// is the same whatever the number of threads.
+// is the same whatever the number of threads. The rows are traced on `threads`, which the
+// caller keeps from frame to frame.
+int RenderFrame(const RenderParameters& parameters, const GemModel& model, Vec3 lightDirection,
+                const RenderGeometry& geometry, TracerWorkAreas& work, FrameImage& image,
+                RenderSink& sink, const AbortPoll& abortPoll, RenderThreads& threads);
+
+// The same with threads of its own, made for this frame only.
 int RenderFrame(const RenderParameters& parameters, const GemModel& model, Vec3 lightDirection,
                 const RenderGeometry& geometry, TracerWorkAreas& work, FrameImage& image,
                 RenderSink& sink, const AbortPoll& abortPoll);

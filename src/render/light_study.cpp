@@ -6,6 +6,7 @@
 #include <numbers>
 
 #include "render/preview_geometry.h"
+#include "render/render_threads.h"
 
 namespace kirameki {
 
@@ -54,7 +55,8 @@ class PassRenderer {
         p.backColour = {0, 0, 0};
         const RenderGeometry geometry{setup_.size, ScaleForSize(setup_.size)};
         SilentSink sink;
-        const bool done = RenderFrame(p, model_, light_, geometry, work_, image, sink, abort_) == 1;
+        const bool done =
+            RenderFrame(p, model_, light_, geometry, work_, image, sink, abort_, threads_) == 1;
         if (progress_)
             progress_(++done_, total_);
         return done;
@@ -69,6 +71,7 @@ class PassRenderer {
     const std::function<void(int, int)>& progress_;
     int total_;
     int done_ = 0;
+    RenderThreads threads_;  // kept for every picture of the study
 };
 
 enum Pass { kBelow, kLow, kMid, kHigh, kHead, kCos, kSpectral, kPasses };

@@ -111,6 +111,14 @@ class Lighting {
         return {even + backColour_[0], even + backColour_[1], even + backColour_[2]};
     }
 
+    // The terms of Radiance, for code that works it out for several directions at once.
+    struct Terms {
+        Vec3 toLight;
+        double main, back, fill;
+        std::array<double, 3> backColour;
+    };
+    Terms RadianceTerms() const { return {toLight_, main_, back_, fill_, backColour_}; }
+
   private:
     static constexpr double kMainPeak = 0.30;
     static constexpr double kBackPeak = 0.05;

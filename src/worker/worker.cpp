@@ -183,9 +183,9 @@ void Worker::RenderFrameCommand() {
         sink_.RenderFinished();
         return;
     }
-    RenderFrame(RenderParametersFor(settings_), *model_, view_.LightDirection,
-                GeometryFor(settings_), *work_, image_, forward,
-                [this] { return AbortRequested(); });
+    RenderFrame(
+        RenderParametersFor(settings_), *model_, view_.LightDirection, GeometryFor(settings_),
+        *work_, image_, forward, [this] { return AbortRequested(); }, renderThreads_);
     scene_.PublishFrame(image_);
 }
 
@@ -298,7 +298,7 @@ void Worker::CaptureFrames(const CaptureRun& run) {
     if (SceneProblem(settings_).empty()) {
         outcome = RunCapture(
             run, *model_, view_, *work_, image_, forward, [this] { return AbortRequested(); },
-            observer);
+            observer, renderThreads_);
         scene_.PublishFrame(image_);
     }
     scene_.SetCapturedFrames(outcome.framesDone);

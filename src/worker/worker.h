@@ -6,6 +6,7 @@
 
 #include "model/gem_model.h"
 #include "render/preview_geometry.h"
+#include "render/render_threads.h"
 #include "render/tracer.h"
 #include "worker/message_queue.h"
 #include "worker/shared_scene.h"
@@ -73,6 +74,7 @@ class Worker {
     StoneSource stone_;     // taken with the settings
     std::unique_ptr<GemModel> model_ = std::make_unique<GemModel>();
     std::unique_ptr<TracerWorkAreas> work_ = std::make_unique<TracerWorkAreas>();
+    RenderThreads renderThreads_;  // kept from frame to frame
     std::unique_ptr<PreviewPolygons> preview_ = std::make_unique<PreviewPolygons>();
     FrameImage image_;
     ViewState view_ = InitialViewState();
