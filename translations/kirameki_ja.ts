@@ -740,6 +740,34 @@ Top + Bottom and Left + Right must each be smaller than the image size.</source>
 <context>
     <name>kirameki::MainWindow</name>
     <message>
+        <source>Lighting (&amp;L)</source>
+        <translation>照明 (&amp;L)</translation>
+    </message>
+    <message>
+        <source>Classic (&amp;C)</source>
+        <translation>クラシック (&amp;C)</translation>
+    </message>
+    <message>
+        <source>ISO Hemisphere (&amp;I)</source>
+        <translation>ISO 半球 (&amp;I)</translation>
+    </message>
+    <message>
+        <source>COS Hemisphere (&amp;O)</source>
+        <translation>COS 半球 (&amp;O)</translation>
+    </message>
+    <message>
+        <source>ASET (&amp;A)</source>
+        <translation>ASET (&amp;A)</translation>
+    </message>
+    <message>
+        <source>Head Shadow (&amp;H)</source>
+        <translation>頭の影 (&amp;H)</translation>
+    </message>
+    <message>
+        <source>Spectral Fire (&amp;S)</source>
+        <translation>分光ファイア (&amp;S)</translation>
+    </message>
+    <message>
         <source>Light Performance... (&amp;P)</source>
         <translation>光の性能... (&amp;P)</translation>
     </message>

@@ -192,6 +192,7 @@ void MainWindow::BuildMenus() {
     designWindowAction_ =
         view->addAction(tr("Design (&D)..."), this, &MainWindow::ShowDesignWindow);
     view->addAction(tr("Light Performance... (&P)"), this, &MainWindow::ShowLightPerformance);
+    BuildLightingMenu(*view->addMenu(tr("Lighting (&L)")));
 
     QMenu* colours = menuBar()->addMenu(tr("Polygon Color(&C)"));
     const QString names[8] = {tr("White (&W)"),     tr("Red (&R)"),    tr("Green (&G)"),
@@ -761,6 +762,39 @@ void MainWindow::dropEvent(QDropEvent* event) {
     event->acceptProposedAction();
     // The drag's source waits until the drop returns: the design opens after it.
     QTimer::singleShot(0, this, [this, path] { OpenDesign(path); });
+}
+
+void MainWindow::BuildLightingMenu(QMenu& menu) {
+    // The light the Ray-Trace picture is seen in; captures keep the classic light.
+    const CompanionSettings& c = session_.Companion();
+    auto* models = new QActionGroup(this);
+    const std::pair<const char*, QString> choices[] = {{"classic", tr("Classic (&C)")},
+                                                       {"iso", tr("ISO Hemisphere (&I)")},
+                                                       {"cos", tr("COS Hemisphere (&O)")},
+                                                       {"aset", tr("ASET (&A)")}};
+    for (const auto& [name, text] : choices) {
+        QAction* action = menu.addAction(text);
+        action->setCheckable(true);
+        action->setChecked(c.lighting == name);
+        action->setData(QString(name));
+        models->addAction(action);
+    }
+    menu.addSeparator();
+    QAction* head = menu.addAction(tr("Head Shadow (&H)"));
+    head->setCheckable(true);
+    head->setChecked(c.headShadow > 0);
+    QAction* spectral = menu.addAction(tr("Spectral Fire (&S)"));
+    spectral->setCheckable(true);
+    spectral->setChecked(c.spectralFire > 0);
+    const auto choose = [this, models, head, spectral] {
+        const QAction* model = models->checkedAction();
+        session_.ChooseLight(model ? model->data().toString().toStdString() : "classic",
+                             head->isChecked() ? kHeadShadowDegrees : 0,
+                             spectral->isChecked() ? kSpectralWavelengths : 0);
+    };
+    connect(models, &QActionGroup::triggered, this, choose);
+    connect(head, &QAction::toggled, this, choose);
+    connect(spectral, &QAction::toggled, this, choose);
 }
 
 LightPerformanceWindow& MainWindow::LightPerformance() {

@@ -107,6 +107,9 @@ class MainWindow : public QMainWindow {
     // The cut list's extra entry, the design window and its menu item as the open design is.
     void ShowDesign();
     void ShowLightPerformance();
+    void BuildLightingMenu(QMenu& menu);
+    static constexpr int kHeadShadowDegrees = 16;  // the usual half-angle of an observer
+    static constexpr int kSpectralWavelengths = 8;
     void ApplySettingWindow(SettingDialog& dialog, bool rebuild);
     bool KeyEvent(QKeyEvent* event, bool down);
 

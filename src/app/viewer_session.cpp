@@ -47,7 +47,18 @@ ViewerSession::ViewerSession(const ProgramPaths& paths, Prompter& prompter)
       worker_(scene_, sink_, idle_),
       client_(worker_, prompter_, idle_),
       companion_(LoadCompanionSettings(CompanionSettingsPath(paths.settingsFile))) {
+    scene_.SetLight(PictureLightOf(companion_));
     ReopenDesign();
+}
+
+void ViewerSession::ChooseLight(const std::string& model, int headShadow, int spectralFire) {
+    companion_.lighting = model;
+    companion_.headShadow = headShadow;
+    companion_.spectralFire = spectralFire;
+    scene_.SetLight(PictureLightOf(companion_));
+    std::string error;
+    if (!SaveCompanion(error))
+        std::fprintf(stderr, "kirameki: %s\n", error.c_str());
 }
 
 void ViewerSession::ReopenDesign() {

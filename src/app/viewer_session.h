@@ -52,6 +52,9 @@ class ViewerSession {
     // The companion settings (the recent designs); SaveCompanion writes them now.
     CompanionSettings& Companion() { return companion_; }
     bool SaveCompanion(std::string& error);
+    // The light of the Ray-Trace picture ("classic", "iso", "cos", "aset"), the head's
+    // shadow in degrees and spectral fire's wavelengths (0 off), kept for the next start.
+    void ChooseLight(const std::string& model, int headShadow, int spectralFire);
     // Why the design open at the last exit could not be opened again, once; else empty.
     std::string TakeStartNotice();
 

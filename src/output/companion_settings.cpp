@@ -1,6 +1,7 @@
 #include "output/companion_settings.h"
 
 #include <algorithm>
+#include <charconv>
 #include <filesystem>
 #include <string_view>
 
@@ -12,6 +13,7 @@ namespace kirameki {
 namespace {
 
 constexpr std::string_view kDesignSection = "Design";
+constexpr std::string_view kLightingSection = "Lighting";
 // A companion file is a few lines; anything much larger is not one of ours.
 constexpr std::size_t kLargestCompanion = 256u << 10;
 
@@ -41,6 +43,19 @@ void TakeDesignKey(std::string_view key, const std::string& value, CompanionSett
     }
 }
 
+void TakeLightingKey(std::string_view key, const std::string& value, CompanionSettings& settings) {
+    int number = 0;
+    const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), number);
+    const bool whole = error == std::errc() && end == value.data() + value.size();
+    if (key == "Model" &&
+        (value == "classic" || value == "iso" || value == "cos" || value == "aset"))
+        settings.lighting = value;
+    else if (key == "HeadShadow" && whole && number >= 0 && number <= 45)
+        settings.headShadow = number;
+    else if (key == "SpectralFire" && whole && (number == 0 || (number >= 4 && number <= 32)))
+        settings.spectralFire = number;
+}
+
 }  // namespace
 
 void CompanionSettings::RememberDesign(const std::string& path) {
@@ -62,7 +77,7 @@ std::string CompanionSettingsPath(const std::string& settingsFile) {
 CompanionSettings ParseCompanionSettings(const std::string& text) {
     CompanionSettings settings;
     std::vector<std::string> recent;
-    enum class Section { kNone, kDesign, kOther } section = Section::kNone;
+    enum class Section { kNone, kDesign, kLighting, kOther } section = Section::kNone;
     std::size_t start = 0;
     while (start < text.size()) {
         std::size_t end = text.find('\n', start);
@@ -74,20 +89,25 @@ CompanionSettings ParseCompanionSettings(const std::string& text) {
             line.pop_back();
         const std::string_view trimmed = Trimmed(line);
         if (!trimmed.empty() && trimmed.front() == '[' && trimmed.back() == ']') {
-            section = trimmed.substr(1, trimmed.size() - 2) == kDesignSection ? Section::kDesign
-                                                                              : Section::kOther;
-            if (section == Section::kDesign)
+            const std::string_view name = trimmed.substr(1, trimmed.size() - 2);
+            section = name == kDesignSection     ? Section::kDesign
+                      : name == kLightingSection ? Section::kLighting
+                                                 : Section::kOther;
+            if (section != Section::kOther)
                 continue;
         }
         if (section == Section::kOther)
             settings.otherLines.push_back(line);
-        if (section != Section::kDesign)
+        if (section == Section::kNone || section == Section::kOther)
             continue;  // lines before any section belong to none: damage, dropped
         const auto equals = line.find('=');
         if (equals == std::string::npos)
             continue;  // a damaged line is dropped, the rest still counts
-        TakeDesignKey(Trimmed(std::string_view(line).substr(0, equals)), line.substr(equals + 1),
-                      settings, recent);
+        const std::string_view key = Trimmed(std::string_view(line).substr(0, equals));
+        if (section == Section::kDesign)
+            TakeDesignKey(key, line.substr(equals + 1), settings, recent);
+        else
+            TakeLightingKey(key, line.substr(equals + 1), settings);
     }
     if (!Storable(settings.openDesign)) {
         settings.openDesign.clear();
@@ -120,6 +140,9 @@ std::string CompanionSettingsText(const CompanionSettings& settings) {
     for (const std::string& path : settings.recentDesigns)
         if (Storable(path) && n < int(CompanionSettings::kRecentCount))
             text += "Recent" + std::to_string(++n) + "=" + path + "\n";
+    text += "\n[" + std::string(kLightingSection) + "]\nModel=" + settings.lighting +
+            "\nHeadShadow=" + std::to_string(settings.headShadow) +
+            "\nSpectralFire=" + std::to_string(settings.spectralFire) + "\n";
     if (!settings.otherLines.empty())
         text += "\n";
     for (const std::string& line : settings.otherLines)

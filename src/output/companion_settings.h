@@ -15,7 +15,12 @@ struct CompanionSettings {
     std::string openDesign;    // the design in the cut list at exit; empty: none
     bool designShown = false;  // whether it was the stone, rather than a cut of the list
     std::vector<std::string> recentDesigns;  // most recent first, at most kRecentCount
-    std::vector<std::string> otherLines;     // sections of others, kept verbatim
+    // The light the Ray-Trace picture is seen in: "classic", "iso", "cos" or "aset"; the
+    // head's shadow in degrees (0 none, up to 45); spectral fire's wavelengths (0 off, 4..32).
+    std::string lighting = "classic";
+    int headShadow = 0;
+    int spectralFire = 0;
+    std::vector<std::string> otherLines;  // sections of others, kept verbatim
 
     // Puts a path first in the recent list (once), dropping the oldest past the limit.
     void RememberDesign(const std::string& path);

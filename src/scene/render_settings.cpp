@@ -23,6 +23,32 @@ RenderParameters RenderParametersFor(const AppSettings& s) {
     return p;
 }
 
+std::optional<LightingModel> LightingModelNamed(const std::string& name) {
+    if (name == "classic")
+        return LightingModel::kClassic;
+    if (name == "iso")
+        return LightingModel::kIso;
+    if (name == "cos")
+        return LightingModel::kCos;
+    if (name == "aset")
+        return LightingModel::kAset;
+    return std::nullopt;
+}
+
+PictureLight PictureLightOf(const CompanionSettings& companion) {
+    PictureLight picture;
+    picture.light.model = LightingModelNamed(companion.lighting).value_or(LightingModel::kClassic);
+    picture.light.headShadow = std::clamp(companion.headShadow, 0, 45);
+    picture.spectralSamples = companion.spectralFire;
+    return picture;
+}
+
+RenderParameters WithLight(RenderParameters parameters, const PictureLight& light) {
+    parameters.light = light.light;
+    parameters.spectralSamples = light.spectralSamples;
+    return parameters;
+}
+
 std::uint32_t BackgroundColourOf(const AppSettings& s) {
     return PackRgb(std::clamp<int>(s.backColour[0], 0, 255),
                    std::clamp<int>(s.backColour[1], 0, 255),

@@ -22,6 +22,16 @@ void SharedScene::SetStone(const StoneSource& stone) {
     stone_ = stone;
 }
 
+PictureLight SharedScene::Light() const {
+    std::lock_guard lock(mutex_);
+    return light_;
+}
+
+void SharedScene::SetLight(const PictureLight& light) {
+    std::lock_guard lock(mutex_);
+    light_ = light;
+}
+
 PanelSize SharedScene::Panel() const {
     std::lock_guard lock(mutex_);
     return panel_;

@@ -10,6 +10,7 @@
 #include "output/gif_files.h"
 #include "render/frame_image.h"
 #include "render/view_state.h"
+#include "scene/render_settings.h"
 #include "scene/stone_source.h"
 
 namespace kirameki {
@@ -35,6 +36,11 @@ class SharedScene {
     // design itself never changes once opened, so sharing it is safe.
     StoneSource Stone() const;
     void SetStone(const StoneSource& stone);
+
+    // The light the Ray-Trace picture is seen in (captures keep the classic light, which
+    // their records describe).
+    PictureLight Light() const;
+    void SetLight(const PictureLight& light);
 
     PanelSize Panel() const;
     void SetPanel(PanelSize panel);
@@ -66,6 +72,7 @@ class SharedScene {
     mutable std::mutex mutex_;
     AppSettings settings_;
     StoneSource stone_;
+    PictureLight light_;
     PanelSize panel_;
     std::optional<ViewState> requestedView_;
     ViewState shownView_ = InitialViewState();

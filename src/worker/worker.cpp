@@ -184,8 +184,9 @@ void Worker::RenderFrameCommand() {
         return;
     }
     RenderFrame(
-        RenderParametersFor(settings_), *model_, view_.LightDirection, GeometryFor(settings_),
-        *work_, image_, forward, [this] { return AbortRequested(); }, renderThreads_);
+        WithLight(RenderParametersFor(settings_), scene_.Light()), *model_, view_.LightDirection,
+        GeometryFor(settings_), *work_, image_, forward, [this] { return AbortRequested(); },
+        renderThreads_);
     scene_.PublishFrame(image_);
 }
 

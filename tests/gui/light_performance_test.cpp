@@ -1,6 +1,7 @@
 // The light performance window offscreen through the real worker: a study of the stone
 // shown fills the figures and pictures; an aborted one leaves the last study in place.
 #include <QAction>
+#include <QFileInfo>
 #include <QLabel>
 #include <QTableWidget>
 #include <QTemporaryDir>
@@ -10,6 +11,13 @@
 #include "viewer_harness.h"
 
 namespace kirameki {
+
+QAction& Action(MainWindow& window, const QString& text) {
+    for (QAction* action : window.findChildren<QAction*>())
+        if (action->text() == text)
+            return *action;
+    qFatal("no menu item %s", qPrintable(text));
+}
 
 class LightPerformanceTest : public QObject {
     Q_OBJECT
@@ -48,6 +56,33 @@ class LightPerformanceTest : public QObject {
         disconnect(abortAt3);
         QCOMPARE(window.Study().faceUp.isoBrightness, first.faceUp.isoBrightness);
         QTRY_VERIFY(!v.session->Client().Busy());  // free for the next render, once told
+    }
+
+    // The lighting chosen in the View menu lights the Ray-Trace picture and is there again
+    // at the next start; the 729-byte settings file does not hold it.
+    void TheChosenLightingLightsThePictureAndIsKept() {
+        QTemporaryDir dir;
+        {
+            Viewer v(dir.path(), [](AppSettings& s) { s.imageSize = 64; });
+            Action(*v.window, "ASET (&A)").trigger();
+            Action(*v.window, "Head Shadow (&H)").trigger();
+            const PictureLight light = v.session->Scene().Light();
+            QCOMPARE(light.light.model, LightingModel::kAset);
+            QCOMPARE(light.light.headShadow, 16.0);
+            QVERIFY(v.session->Client().Render());
+            QTRY_COMPARE(v.session->Scene().LastFrame().Width(), 64);
+            QTRY_VERIFY(!v.session->Client().Busy());
+            // ASET colours only: no pixel of the stone is grey.
+            const FrameImage& frame = v.session->Scene().LastFrame();
+            const std::uint32_t centre = frame.Pixel(32, 32);
+            const int r = int(centre & 0xFF), g = int((centre >> 8) & 0xFF),
+                      b = int((centre >> 16) & 0xFF);
+            QVERIFY(!(r == g && g == b));
+        }
+        Viewer again(dir.path());
+        QCOMPARE(again.session->Scene().Light().light.model, LightingModel::kAset);
+        QVERIFY(Action(*again.window, "Head Shadow (&H)").isChecked());
+        QCOMPARE(QFileInfo(dir.path() + "/Setting.ini").size(), qint64(729));
     }
 };
 
