@@ -740,6 +740,10 @@ Top + Bottom and Left + Right must each be smaller than the image size.</source>
 <context>
     <name>kirameki::MainWindow</name>
     <message>
+        <source>Live Ray-Trace (&amp;Y)</source>
+        <translation>ライブ・レイトレース (&amp;Y)</translation>
+    </message>
+    <message>
         <source>Lighting (&amp;L)</source>
         <translation>照明 (&amp;L)</translation>
     </message>

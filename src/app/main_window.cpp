@@ -191,6 +191,15 @@ void MainWindow::BuildMenus() {
     view->addSeparator();
     designWindowAction_ =
         view->addAction(tr("Design (&D)..."), this, &MainWindow::ShowDesignWindow);
+    QAction* live = view->addAction(tr("Live Ray-Trace (&Y)"));
+    live->setCheckable(true);
+    live->setChecked(session_.Companion().liveRayTrace);
+    connect(live, &QAction::toggled, this, [this](bool on) {
+        session_.SetLiveRayTrace(on);
+        // On: a first frame of the view as it is; off: the surface model again.
+        if (!session_.Client().Rendering())
+            session_.Client().Post(kRedrawPreview);
+    });
     view->addAction(tr("Light Performance... (&P)"), this, &MainWindow::ShowLightPerformance);
     BuildLightingMenu(*view->addMenu(tr("Lighting (&L)")));
 
@@ -445,13 +454,23 @@ void MainWindow::ConnectWorker() {
         &sink, &QtWorkerSink::previewReady, this,
         [this](const QImage& picture, int size, double x, double y, double z, int target, bool) {
             // A refresh for a new panel size keeps a rendered picture in view.
-            const bool keepRender = previewsKeepingRender_ > 0;
+            // So does the live view: its frames stand for the surface model.
+            const bool keepRender = previewsKeepingRender_ > 0 ||
+                                    (session_.Companion().liveRayTrace && panel_->ShowsRender());
             if (keepRender)
                 --previewsKeepingRender_;
             panel_->ShowPreview(picture, size, keepRender);
             lightArea_->SetLight(x, y, z);
             lightArea_->SetTarget(target);
         });
+    connect(&sink, &QtWorkerSink::liveFrame, this, [this](const QImage& picture, int size, bool) {
+        // A frame that arrives after the live view was turned off, or while a render
+        // fills the panel, is dropped.
+        if (!session_.Companion().liveRayTrace || session_.Client().Rendering())
+            return;
+        panel_->BeginRender(size);
+        panel_->AddRows(picture, 0, size, true);
+    });
     connect(&sink, &QtWorkerSink::renderStarted, this, [this] {
         progress_ = 0;
         progressButton_->setText(QString::asprintf("%d %%", 0));

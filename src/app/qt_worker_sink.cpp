@@ -93,6 +93,9 @@ void QtWorkerSink::LightStudyFinished(int result, const LightStudy& study) {
     }
     emit lightStudyFinished(result);
 }
+void QtWorkerSink::LiveFrame(const FrameImage& image, bool quick) {
+    emit liveFrame(ToQImage(image, 0, image.Height() - 1), image.Width(), quick);
+}
 LightStudy QtWorkerSink::TakeLightStudy() {
     std::lock_guard lock(studyMutex_);
     return std::exchange(study_, LightStudy{});

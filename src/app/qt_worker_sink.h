@@ -30,6 +30,7 @@ class QtWorkerSink : public QObject, public WorkerSink {
     void GifFinished(int result) override;
     void LightStudyProgress(int done, int total) override;
     void LightStudyFinished(int result, const LightStudy& study) override;
+    void LiveFrame(const FrameImage& image, bool quick) override;
 
     // The last light study the worker finished, taken once.
     LightStudy TakeLightStudy();
@@ -50,6 +51,7 @@ class QtWorkerSink : public QObject, public WorkerSink {
     void gifFinished(int result);
     void lightStudyProgress(int done, int total);
     void lightStudyFinished(int result);
+    void liveFrame(const QImage& picture, int size, bool quick);
 
   private:
     std::mutex studyMutex_;

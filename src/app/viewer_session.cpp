@@ -48,7 +48,16 @@ ViewerSession::ViewerSession(const ProgramPaths& paths, Prompter& prompter)
       client_(worker_, prompter_, idle_),
       companion_(LoadCompanionSettings(CompanionSettingsPath(paths.settingsFile))) {
     scene_.SetLight(PictureLightOf(companion_));
+    scene_.SetLiveView(companion_.liveRayTrace);
     ReopenDesign();
+}
+
+void ViewerSession::SetLiveRayTrace(bool on) {
+    companion_.liveRayTrace = on;
+    scene_.SetLiveView(on);
+    std::string error;
+    if (!SaveCompanion(error))
+        std::fprintf(stderr, "kirameki: %s\n", error.c_str());
 }
 
 void ViewerSession::ChooseLight(const std::string& model, int headShadow, int spectralFire) {

@@ -55,6 +55,8 @@ class ViewerSession {
     // The light of the Ray-Trace picture ("classic", "iso", "cos", "aset"), the head's
     // shadow in degrees and spectral fire's wavelengths (0 off), kept for the next start.
     void ChooseLight(const std::string& model, int headShadow, int spectralFire);
+    // Ray-traced frames in the view panel that follow the view; kept for the next start.
+    void SetLiveRayTrace(bool on);
     // Why the design open at the last exit could not be opened again, once; else empty.
     std::string TakeStartNotice();
 

@@ -54,6 +54,8 @@ void TakeLightingKey(std::string_view key, const std::string& value, CompanionSe
         settings.headShadow = number;
     else if (key == "SpectralFire" && whole && (number == 0 || (number >= 4 && number <= 32)))
         settings.spectralFire = number;
+    else if (key == "LiveRayTrace" && (value == "0" || value == "1"))
+        settings.liveRayTrace = value == "1";
 }
 
 }  // namespace
@@ -142,7 +144,8 @@ std::string CompanionSettingsText(const CompanionSettings& settings) {
             text += "Recent" + std::to_string(++n) + "=" + path + "\n";
     text += "\n[" + std::string(kLightingSection) + "]\nModel=" + settings.lighting +
             "\nHeadShadow=" + std::to_string(settings.headShadow) +
-            "\nSpectralFire=" + std::to_string(settings.spectralFire) + "\n";
+            "\nSpectralFire=" + std::to_string(settings.spectralFire) +
+            "\nLiveRayTrace=" + (settings.liveRayTrace ? "1" : "0") + "\n";
     if (!settings.otherLines.empty())
         text += "\n";
     for (const std::string& line : settings.otherLines)

@@ -20,6 +20,7 @@ struct CompanionSettings {
     std::string lighting = "classic";
     int headShadow = 0;
     int spectralFire = 0;
+    bool liveRayTrace = false;            // the panel shows ray-traced frames as the view changes
     std::vector<std::string> otherLines;  // sections of others, kept verbatim
 
     // Puts a path first in the recent list (once), dropping the oldest past the limit.

@@ -31,6 +31,16 @@ std::optional<ThreadMessage> MessageQueue::Peek() {
     return message;
 }
 
+bool MessageQueue::HasMessage() {
+    std::lock_guard lock(mutex_);
+    return !messages_.empty() || quitting_;
+}
+
+bool MessageQueue::WaitForMessage(std::chrono::milliseconds timeout) {
+    std::unique_lock lock(mutex_);
+    return arrived_.wait_for(lock, timeout, [&] { return !messages_.empty() || quitting_; });
+}
+
 void MessageQueue::Quit() {
     {
         std::lock_guard lock(mutex_);

@@ -33,6 +33,10 @@ class MessageQueue {
     // False once Quit was called and the queue is empty: the thread should end.
     bool Get(ThreadMessage& message);
     std::optional<ThreadMessage> Peek();
+    // Whether a message waits, leaving it where it is (the live view yields to any input).
+    bool HasMessage();
+    // Waits until a message waits (true) or the time is up or the queue quits (false).
+    bool WaitForMessage(std::chrono::milliseconds timeout);
     void Quit();
 
   private:

@@ -32,6 +32,16 @@ void SharedScene::SetLight(const PictureLight& light) {
     light_ = light;
 }
 
+bool SharedScene::LiveView() const {
+    std::lock_guard lock(mutex_);
+    return liveView_;
+}
+
+void SharedScene::SetLiveView(bool on) {
+    std::lock_guard lock(mutex_);
+    liveView_ = on;
+}
+
 PanelSize SharedScene::Panel() const {
     std::lock_guard lock(mutex_);
     return panel_;

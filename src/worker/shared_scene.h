@@ -42,6 +42,10 @@ class SharedScene {
     PictureLight Light() const;
     void SetLight(const PictureLight& light);
 
+    // Whether the panel shows ray-traced frames that follow every change of the view.
+    bool LiveView() const;
+    void SetLiveView(bool on);
+
     PanelSize Panel() const;
     void SetPanel(PanelSize panel);
 
@@ -73,6 +77,7 @@ class SharedScene {
     AppSettings settings_;
     StoneSource stone_;
     PictureLight light_;
+    bool liveView_ = false;
     PanelSize panel_;
     std::optional<ViewState> requestedView_;
     ViewState shownView_ = InitialViewState();

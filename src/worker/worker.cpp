@@ -35,6 +35,26 @@ class RenderForwarder : public RenderSink {
     WorkerSink& sink_;
 };
 
+// The live view's frames say nothing as they go: only the finished frame is shown.
+class QuietRender : public RenderSink {
+  public:
+    void RenderStarted() override {}
+    void RenderProgress(int) override {}
+    void RowsRendered(const FrameImage&, int, int) override {}
+    void RenderFinished() override {}
+};
+
+// Doubles every pixel of the quick pass into the picture's size.
+void Enlarge(const FrameImage& small, int size, FrameImage& large) {
+    if (large.Width() != size || large.Height() != size)
+        large.Create(size, size);
+    for (int y = 0; y < size; ++y)
+        for (int x = 0; x < size; ++x)
+            large.SetPixel(x, y,
+                           small.Pixel(std::min(x / 2, small.Width() - 1),
+                                       std::min(y / 2, small.Height() - 1)));
+}
+
 // A capture tells the progress window and redraws the panel as the stone turns; its
 // renders tell the render window nothing more than a plain render does.
 class CaptureForwarder : public CaptureObserver {
@@ -97,10 +117,12 @@ void Worker::Dispatch(const ThreadMessage& message) {
         case kRedrawPreview:
         case kInvalidateViewPanel:
             Redraw();
+            LiveFrames(true);
             break;
         case kBuildModel:
             BuildSceneModel(settings_, stone_, *model_);
             Redraw();
+            LiveFrames(true);
             break;
         case kRenderFrame:
             RenderFrameCommand();
@@ -108,6 +130,7 @@ void Worker::Dispatch(const ThreadMessage& message) {
             break;
         case kAnimateRotation:
             AnimateRotation(argument);
+            LiveFrames(true);  // the turn has stopped: the full picture
             break;
         case kBeginViewDrag:
             BeginViewDrag(argument);
@@ -119,14 +142,17 @@ void Worker::Dispatch(const ThreadMessage& message) {
         case kViewDrag:
             ViewDrag(argument);
             idle_.Set();
+            LiveFrames(true);
             break;
         case kLightDrag:
             LightDrag(argument);
             idle_.Set();
+            LiveFrames(true);
             break;
         case kResetOrientation:
             ResetOrientation();
             idle_.Set();
+            LiveFrames(true);
             break;
         case kCaptureFrames:
             if (const auto* run = std::get_if<CaptureRun>(&message.payload))
@@ -206,6 +232,7 @@ void Worker::AnimateRotation(int identifier) {
                 RotationStep(view_.light, *step);
             view_.LightDirection = LightDirectionOf(view_.light);
             Redraw();
+            LiveFrames(false);
             std::this_thread::sleep_for(std::chrono::milliseconds(40));
             continue;
         }
@@ -217,6 +244,7 @@ void Worker::AnimateRotation(int identifier) {
             RotationStep(view_.view, *step);
         }
         Redraw();
+        LiveFrames(false);
         // Fewer visible faces, a longer pause: the turn keeps an even pace. A damaged
         // settings file may hold any wait; none beyond the settings window's 500 ms is taken,
         // or a turn would not stop for days.
@@ -327,6 +355,33 @@ void Worker::StudyLight(const LightStudySetup& setup) {
         [this](int picture, int total) { sink_.LightStudyProgress(picture, total); });
     sink_.LightStudyFinished(done ? 1 : 2, study);
     sink_.RenderFinished();  // ends the busy state the client set, as after a capture
+}
+
+void Worker::LiveFrames(bool refine) {
+    if (!scene_.LiveView() || !SceneProblem(settings_).empty())
+        return;
+    // Any message (the next step of a drag, a stop, a command) ends the frame in flight at
+    // its next row: only the newest view is traced, and the message is left for its turn.
+    const auto input = [this] { return queue_.HasMessage(); };
+    TransformVertices(view_, *model_);
+    WriteAllFaceData(*model_);
+    RenderParameters parameters = WithLight(RenderParametersFor(settings_), scene_.Light());
+    parameters.highQuality = false;
+    const RenderGeometry full = GeometryFor(settings_);
+    const RenderGeometry half{(full.size + 1) / 2, ScaleForSize(full.size) / 2};
+    QuietRender quiet;
+    if (RenderFrame(parameters, *model_, view_.LightDirection, half, *work_, liveQuick_, quiet,
+                    input, renderThreads_) == 0)
+        return;
+    Enlarge(liveQuick_, full.size, liveFull_);
+    sink_.LiveFrame(liveFull_, true);
+    // The full picture once the view has rested a moment.
+    if (!refine || queue_.WaitForMessage(std::chrono::milliseconds(kLiveRestMs)))
+        return;
+    parameters.highQuality = settings_.highQuality != 0;
+    if (RenderFrame(parameters, *model_, view_.LightDirection, full, *work_, liveFull_, quiet,
+                    input, renderThreads_) == 1)
+        sink_.LiveFrame(liveFull_, false);
 }
 
 }  // namespace kirameki

@@ -62,6 +62,10 @@ class Worker {
     void CaptureFrames(const CaptureRun& run);
     void CompileAnimatedGif(const GifJob& job);
     void StudyLight(const LightStudySetup& setup);
+    // The live view's frames of the current view, when it is on: the quick pass, and, when
+    // `refine` and no input comes for a moment, the full picture.
+    void LiveFrames(bool refine);
+    static constexpr int kLiveRestMs = 120;
     bool AbortRequested();
 
     SharedScene& scene_;
@@ -77,6 +81,7 @@ class Worker {
     RenderThreads renderThreads_;  // kept from frame to frame
     std::unique_ptr<PreviewPolygons> preview_ = std::make_unique<PreviewPolygons>();
     FrameImage image_;
+    FrameImage liveQuick_, liveFull_;
     ViewState view_ = InitialViewState();
     DragState drag_;
 };

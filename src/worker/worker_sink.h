@@ -45,6 +45,9 @@ class WorkerSink {
     // aborted, the study then incomplete).
     virtual void LightStudyProgress(int /*done*/, int /*total*/) {}
     virtual void LightStudyFinished(int /*result*/, const LightStudy& /*study*/) {}
+    // A frame of the live view at the picture's size: the quick pass (every second pixel,
+    // enlarged) while the view changes, then the full picture once it rests.
+    virtual void LiveFrame(const FrameImage& /*image*/, bool /*quick*/) {}
 };
 
 }  // namespace kirameki

@@ -38,6 +38,17 @@ class RecordingSink : public WorkerSink {
         }
         Add(result == 1 ? "study done" : "study aborted");
     }
+    void LiveFrame(const FrameImage& image, bool quick) override {
+        {
+            std::lock_guard lock(mutex_);
+            liveWidth_ = image.Width();
+        }
+        Add(quick ? "live quick" : "live full");
+    }
+    int LiveWidth() {
+        std::lock_guard lock(mutex_);
+        return liveWidth_;
+    }
     int StudyTilts() {
         std::lock_guard lock(mutex_);
         return studyTilts_;
@@ -71,6 +82,7 @@ class RecordingSink : public WorkerSink {
     std::vector<std::string> events_;
     std::vector<int> progress_;
     int studyTilts_ = 0;
+    int liveWidth_ = 0;
 };
 
 class ScriptedPrompter : public Prompter {
@@ -227,6 +239,34 @@ TEST(WorkerProtocol, ALightStudyHoldsTheBusyRuleAndStopsOnAnAbort) {
     p.FinishRender();
     ASSERT_TRUE(p.client.Render());  // free again
     p.FinishRender();
+}
+
+TEST(WorkerProtocol, TheLiveViewFollowsTheDragAndRefinesAtRest) {
+    Protocol p(96);
+    ASSERT_TRUE(p.client.BeginDrag(1, 100, 100));
+    ASSERT_TRUE(p.idle.Wait(5s));
+    ASSERT_TRUE(p.client.Drag(120, 100));
+    ASSERT_TRUE(p.idle.Wait(5s));
+    std::this_thread::sleep_for(300ms);
+    EXPECT_EQ(p.sink.Count("live quick"), 0);  // off: the panel shows the surface model
+
+    p.scene.SetLiveView(true);
+    ASSERT_TRUE(p.client.Drag(140, 100));
+    ASSERT_TRUE(p.sink.WaitFor("live quick", 1));
+    EXPECT_EQ(p.sink.LiveWidth(), 96);  // the quick pass enlarged to the picture's size
+    ASSERT_TRUE(p.sink.WaitFor("live full", 1));
+
+    // A stream of moves: every one drawn as a surface model, the full picture only once
+    // the moves stop.
+    const int full = p.sink.Count("live full");
+    for (int x = 150; x < 170; x += 2) {
+        ASSERT_TRUE(p.idle.Wait(5s));
+        p.client.Drag(x, 100);
+    }
+    ASSERT_TRUE(p.sink.WaitFor("live full", full + 1));
+    EXPECT_LE(p.sink.Count("live full"), full + 3);
+    p.client.EndDrag();
+    EXPECT_EQ(p.scene.LastFrame().Width(), 0);  // live frames are not the rendered picture
 }
 
 TEST(WorkerProtocol, PointsArePackedWithoutSignExtension) {
