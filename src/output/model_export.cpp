@@ -177,7 +177,11 @@ bool WriteObjModel(const std::string& path, const ExportMesh& mesh, const std::s
 
     std::string obj = "# Kirameki: " + name + ", " + std::to_string(mesh.vertices.size()) +
                       " vertices, " + std::to_string(mesh.faces.size()) + " faces\n";
-    obj += "mtllib " + Word(mtlName) + "\no " + Word(name) + "\n";
+    // Standard output has no folder for the material file: the OBJ goes alone.
+    const bool alone = path == kStandardOutput;
+    if (!alone)
+        obj += "mtllib " + Word(mtlName) + "\n";
+    obj += "o " + Word(name) + "\n";
     char line[128];
     for (const Vec3& v : mesh.vertices) {
         std::snprintf(line, sizeof line, "v %.17g %.17g %.17g\n", v.x, v.y, v.z);
@@ -187,7 +191,9 @@ bool WriteObjModel(const std::string& path, const ExportMesh& mesh, const std::s
         std::snprintf(line, sizeof line, "vn %.9g %.9g %.9g\n", n.x, n.y, n.z);
         obj += line;
     }
-    obj += "usemtl " + material + "\ns off\n";
+    if (!alone)
+        obj += "usemtl " + material + "\n";
+    obj += "s off\n";
     for (std::size_t f = 0; f < mesh.faces.size(); ++f) {
         obj += 'f';
         for (const int index : mesh.faces[f])
@@ -195,7 +201,7 @@ bool WriteObjModel(const std::string& path, const ExportMesh& mesh, const std::s
         obj += '\n';
     }
     // The material first: an OBJ never names a material file that is not there.
-    return WriteBytes(mtlPath, mtl, error) && WriteBytes(path, obj, error);
+    return (alone || WriteBytes(mtlPath, mtl, error)) && WriteBytes(path, obj, error);
 }
 
 bool WriteStlModel(const std::string& path, const ExportMesh& mesh, const std::string& name,
