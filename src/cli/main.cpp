@@ -68,7 +68,11 @@ int Run(int argc, char** argv) {
         std::cout << program.help();
         return 0;
     }
-    if (first.empty() || first[0] != '-') {
+    if (first != "-h" && first != "--help" && first != "--version" && first.rfind('-', 0) == 0) {
+        std::cerr << "kirameki-cli: unknown option '" << first << "' (see kirameki-cli --help)\n";
+        return 2;
+    }
+    if (first.rfind('-', 0) != 0) {
         bool known = false;
         for (const Command& command : commands)
             known = known || command.app->get_name() == first;

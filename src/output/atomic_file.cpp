@@ -45,7 +45,12 @@ std::string FollowLinks(const std::string& path) {
             errno = error ? error.value() : ENOENT;
             return {};
         }
-        current = next[0] == '/' ? next : SplitTarget(current).folder + next;
+        if (next[0] == '/') {
+            current = next;
+        } else {
+            current = SplitTarget(current).folder;
+            current += next;
+        }
     }
     errno = ELOOP;
     return {};
