@@ -62,14 +62,14 @@ StoneLook Look(int stone, int colour) {
     return look;
 }
 
-// A design goes by its first title line, else by its file's name.
+// A design goes by its first title line, else by its file's name (whatever bytes that has).
 std::string DesignName(const OpenDesign& design) {
     for (const std::string& title : design.design.titles) {
         const auto first = title.find_first_not_of(" \t");
         if (first != std::string::npos)
-            return title.substr(first, title.find_last_not_of(" \t") + 1 - first);
+            return ValidUtf8(title.substr(first, title.find_last_not_of(" \t") + 1 - first));
     }
-    return std::filesystem::path(design.path).stem().string();
+    return ValidUtf8(std::filesystem::path(design.path).stem().string());
 }
 
 int RunModel(const ModelOptions& o) {

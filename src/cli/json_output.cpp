@@ -15,4 +15,10 @@ void PrintJson(const Json& document, int indent) {
         throw std::runtime_error(error);
 }
 
+std::string ValidUtf8(const std::string& text) {
+    const std::string quoted =
+        Json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+    return Json::parse(quoted).get<std::string>();
+}
+
 }  // namespace kirameki::cli

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <nlohmann/json_fwd.hpp>
+#include <string>
 
 namespace kirameki::cli {
 
@@ -13,5 +14,9 @@ using Json = nlohmann::ordered_json;
 // to the same value. A failed write (a closed pipe, a full disk) throws std::runtime_error
 // with one line.
 void PrintJson(const Json& document, int indent = -1);
+
+// The text with every byte that is not UTF-8 replaced by U+FFFD, as the JSON output has it:
+// for names that go into files whose text must be UTF-8 (the glTF's JSON).
+std::string ValidUtf8(const std::string& text);
 
 }  // namespace kirameki::cli
