@@ -142,6 +142,14 @@ python3 -c 'import json,sys; assert json.load(open(sys.argv[1]))["cut"] == 12' "
 expect_status 2 model --cut 12 --json -- extra
 expect_status 2 render --fire=maybe --out "$out/x.png"
 
+# The scene flags all apply, in the order given: two turns make one of both rounds, and a
+# stone chosen after a colour brings its own colour.
+picture() { "$cli" render --size 48 --fire off --out - --format 4 "$@" 2>/dev/null | md5sum; }
+[ "$(picture --turn 1006:5 --turn=1006:5)" = "$(picture --turn 1006:10)" ] \
+  && [ "$(picture --turn 1006:10)" != "$(picture --turn 1006:5)" ] \
+  && [ "$(picture --stone 2 --colour 3)" != "$(picture --colour 3 --stone 2)" ] \
+  || { echo "FAIL: the scene flags in order"; failures=$((failures + 1)); }
+
 # '-' is standard output; a write there that fails (a closed pipe, a full disk) is exit 1 and
 # one line. The picture is larger than a pipe holds, so head's exit always closes it early.
 expect_status 0 render --out - --format 4 --size 32 --fire off
@@ -175,6 +183,11 @@ cp "$out/shot.png" "$out/kept.png"
 expect_status 2 settings --file "$out/shot.png" --rewrite
 cmp -s "$out/shot.png" "$out/kept.png" || { echo "FAIL: a PNG rewritten as settings"; failures=$((failures + 1)); }
 expect_status 2 settings --file "$out" --dump
+# A folder path in Shift-JIS, as an old settings file may hold: still valid JSON.
+python3 -c 'import sys; p=sys.argv[1]; d=bytearray(open(p,"rb").read()); i=d.index(b"/"); d[i+1:i+3]=b"\x82\xa0"; open(p,"wb").write(d)' "$out/Setting.ini"
+expect_status 0 settings --file "$out/Setting.ini" --dump
+python3 -c 'import json,sys; s=json.load(open(sys.argv[1])); assert any("\ufffd" in v for v in s.values() if isinstance(v, str))' "$out/stdout" \
+  || { echo "FAIL: a Shift-JIS path in the settings JSON"; failures=$((failures + 1)); }
 
 # Designs as models and previews; every JSON valid whatever bytes its texts came in: a title in
 # Windows-1252 and a file name that is no UTF-8 at all.
