@@ -1,42 +1,22 @@
 // Frame rendering speed on the default scene and its variants, on one thread and on all.
 #include <benchmark/benchmark.h>
 
-#include <memory>
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
 #include <thread>
+#include <vector>
 
-#include "model/model_builder.h"
-#include "model/stone_tables.h"
-#include "render/frame_renderer.h"
+#include "bench_scene.h"
 #include "render/optics.h"
-#include "render/preview_geometry.h"
-#include "render/view_state.h"
 
 namespace kirameki {
 namespace {
 
-class NullSink : public RenderSink {
-  public:
-    void RenderStarted() override {}
-    void RenderProgress(int) override {}
-    void RowsRendered(const FrameImage&, int, int) override {}
-    void RenderFinished() override {}
-};
-
-struct Scene {
-    std::unique_ptr<GemModel> model = std::make_unique<GemModel>();
-    std::unique_ptr<TracerWorkAreas> work = std::make_unique<TracerWorkAreas>();
-    ViewState view = InitialViewState();
-    RenderParameters parameters;
-
-    Scene() {
-        BuildModel(0, kDefaultModelParameters, *model);
-        TransformVertices(view, *model);
-        WriteAllFaceData(*model);
-        parameters.stoneColour = Colours()[0].absorption;
-        parameters.stoneIndex = 2.42;
-        parameters.fireSpread = Stones()[0].coefficient;
-    }
-
+struct Scene : BenchScene {
     // Rays and tracer segments of one frame, counted once on the side.
     void Count(const RenderGeometry& g, double& rays, double& segments) {
         TraceScene scene;
@@ -76,16 +56,15 @@ void RunFrame(benchmark::State& state, bool fire, int depth, bool hq, int size) 
     scene.parameters.threads = int(state.range(0));
     const RenderGeometry geometry{size, ScaleForSize(size)};
     FrameImage image;
-    NullSink sink;
+    RenderThreads threads;  // kept from frame to frame, as the viewer keeps them
     for (auto _ : state)
-        RenderFrame(scene.parameters, *scene.model, scene.view.LightDirection, geometry,
-                    *scene.work, image, sink, {});
+        scene.Render(size, image, threads);
     double rays = 0, segments = 0;
     scene.Count(geometry, rays, segments);
     state.counters["rays/s"] =
-        benchmark::Counter(rays * state.iterations(), benchmark::Counter::kIsRate);
+        benchmark::Counter(rays * double(state.iterations()), benchmark::Counter::kIsRate);
     state.counters["segments/s"] =
-        benchmark::Counter(segments * state.iterations(), benchmark::Counter::kIsRate);
+        benchmark::Counter(segments * double(state.iterations()), benchmark::Counter::kIsRate);
 }
 
 const int kAllThreads = int(std::max(1u, std::thread::hardware_concurrency()));
@@ -102,7 +81,77 @@ FRAME_BENCHMARK(Depth20, true, 20, false, 270);
 FRAME_BENCHMARK(HighQuality, true, 8, true, 270);
 FRAME_BENCHMARK(Size512, true, 8, false, 512);
 
+double Median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values.empty() ? 0.0 : values[values.size() / 2];
+}
+
+// The plain scalar tracer's median milliseconds per frame, read from its report (negative
+// when it could not be run).
+double ReftraceMilliseconds(const std::string& program, int threads) {
+    const std::string command = program + " --repeat 3 --threads " + std::to_string(threads);
+    FILE* pipe = popen(command.c_str(), "r");
+    if (!pipe)
+        return -1.0;
+    double median = -1.0;
+    char line[512];
+    while (std::fgets(line, sizeof line, pipe))
+        if (const char* found = std::strstr(line, " median "))
+            median = std::atof(found + 8);
+    return pclose(pipe) == 0 ? median : -1.0;
+}
+
+// Our default frame's median milliseconds over three frames, threads kept.
+double OwnMilliseconds(int threads) {
+    Scene scene;
+    scene.parameters.threads = threads;
+    RenderThreads pool;
+    FrameImage image;
+    scene.Render(270, image, pool);
+    std::vector<double> times;
+    for (int i = 0; i < 3; ++i) {
+        const auto start = std::chrono::steady_clock::now();
+        scene.Render(270, image, pool);
+        times.push_back(
+            std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
+                .count());
+    }
+    return Median(times);
+}
+
+// Speed is compared with the plain scalar tracer side by side, in alternating rounds on
+// the same threads, since the ratio is what holds from machine to machine.
+void CompareWithReftrace(const std::string& program) {
+    for (int threads : {1, kAllThreads}) {
+        std::vector<double> plain, own;
+        for (int round = 0; round < 5; ++round) {
+            plain.push_back(ReftraceMilliseconds(program, threads));
+            own.push_back(OwnMilliseconds(threads));
+        }
+        const double p = Median(plain), o = Median(own);
+        if (p <= 0.0) {
+            std::printf("reftrace: %s could not be run\n", program.c_str());
+            return;
+        }
+        std::printf(
+            "reftrace ratio, default frame, %d thread%s: plain %.1f ms, ours %.1f ms, "
+            "%.2fx\n",
+            threads, threads == 1 ? "" : "s", p, o, p / o);
+    }
+}
+
 }  // namespace
 }  // namespace kirameki
 
-BENCHMARK_MAIN();
+// KIRAMEKI_REFTRACE names the plain scalar tracer's program; with it, the ratio of its time
+// to ours is printed after the benchmarks.
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 1;
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    if (const char* reftrace = std::getenv("KIRAMEKI_REFTRACE"))
+        kirameki::CompareWithReftrace(reftrace);
+    return 0;
+}

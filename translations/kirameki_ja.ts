@@ -627,7 +627,110 @@ Top + Bottom and Left + Right must each be smaller than the image size.</source>
     </message>
 </context>
 <context>
+    <name>kirameki::LightPerformanceWindow</name>
+    <message>
+        <source>Light Performance</source>
+        <translation>光の性能</translation>
+    </message>
+    <message>
+        <source>Head shadow:</source>
+        <translation>頭の影:</translation>
+    </message>
+    <message>
+        <source> deg</source>
+        <translation> 度</translation>
+    </message>
+    <message>
+        <source>Tilt up to:</source>
+        <translation>傾き最大:</translation>
+    </message>
+    <message>
+        <source>Measure (&amp;M)</source>
+        <translation>測定 (&amp;M)</translation>
+    </message>
+    <message>
+        <source>Face-up</source>
+        <translation>正面</translation>
+    </message>
+    <message>
+        <source>Tilt average</source>
+        <translation>傾きの平均</translation>
+    </message>
+    <message>
+        <source>ISO</source>
+        <translation>ISO</translation>
+    </message>
+    <message>
+        <source>COS</source>
+        <translation>COS</translation>
+    </message>
+    <message>
+        <source>ASET</source>
+        <translation>ASET</translation>
+    </message>
+    <message>
+        <source>Spectral fire</source>
+        <translation>分光ファイア</translation>
+    </message>
+    <message>
+        <source>Press Measure to study the stone as it is now.</source>
+        <translation>「測定」を押すと、今の石を調べます。</translation>
+    </message>
+    <message>
+        <source>ISO brightness moves by %1 % between face-up, %2 and %3 degrees of tilt.</source>
+        <translation>ISO輝度は正面・%2度・%3度の傾きの間で %1 % 変わります。</translation>
+    </message>
+    <message>
+        <source>ISO brightness</source>
+        <translation>ISO輝度</translation>
+    </message>
+    <message>
+        <source>COS brightness</source>
+        <translation>COS輝度</translation>
+    </message>
+    <message>
+        <source>Leakage</source>
+        <translation>光の漏れ</translation>
+    </message>
+    <message>
+        <source>Head shadow</source>
+        <translation>頭の影</translation>
+    </message>
+    <message>
+        <source>ASET green (low light)</source>
+        <translation>ASET 緑(低い光)</translation>
+    </message>
+    <message>
+        <source>ASET red (45-75 degrees)</source>
+        <translation>ASET 赤(45〜75度)</translation>
+    </message>
+    <message>
+        <source>ASET blue (from above)</source>
+        <translation>ASET 青(真上から)</translation>
+    </message>
+    <message>
+        <source>ASET black (leakage)</source>
+        <translation>ASET 黒(漏れ)</translation>
+    </message>
+    <message>
+        <source>Contrast (dark share)</source>
+        <translation>コントラスト(暗い部分)</translation>
+    </message>
+    <message>
+        <source>Fire (saturated share)</source>
+        <translation>ファイア(彩度の高い部分)</translation>
+    </message>
+    <message>
+        <source>Mean chroma</source>
+        <translation>平均彩度</translation>
+    </message>
+</context>
+<context>
     <name>kirameki::MainWindow</name>
+    <message>
+        <source>Light Performance... (&amp;P)</source>
+        <translation>光の性能... (&amp;P)</translation>
+    </message>
     <message>
         <location filename="../src/app/main_window.cpp" line="56"/>
         <source>Kirameki</source>

@@ -24,6 +24,7 @@
 #include <cstdio>
 
 #include "app/light_area.h"
+#include "app/light_performance_window.h"
 #include "app/output_flows.h"
 #include "app/render_window.h"
 #include "app/view_panel.h"
@@ -147,6 +148,8 @@ void MainWindow::BuildMenus() {
         session_.Settings().renderWindowTopMost = on;
         session_.Commit();
     });
+    view->addSeparator();
+    view->addAction(tr("Light Performance... (&P)"), this, &MainWindow::ShowLightPerformance);
 
     QMenu* colours = menuBar()->addMenu(tr("Polygon Color(&C)"));
     const QString names[8] = {tr("White (&W)"),     tr("Red (&R)"),    tr("Green (&G)"),
@@ -584,6 +587,20 @@ void MainWindow::ApplySettingWindow(SettingDialog& dialog, bool rebuild) {
     ShowToggles();
     // A rebuild redraws too; the other settings change only the look.
     session_.Client().Post(rebuild ? kBuildModel : kRedrawPreview);
+}
+
+LightPerformanceWindow& MainWindow::LightPerformance() {
+    if (!lightPerformance_)
+        lightPerformance_ = new LightPerformanceWindow(
+            session_, [this] { return CheckRefractiveIndex(); }, this);
+    return *lightPerformance_;
+}
+
+void MainWindow::ShowLightPerformance() {
+    LightPerformanceWindow& window = LightPerformance();
+    window.show();
+    window.raise();
+    window.activateWindow();
 }
 
 void MainWindow::ShowVersion() {

@@ -20,6 +20,7 @@ class FileChooser;
 class OutputFlows;
 class SettingDialog;
 class RenderWindow;
+class LightPerformanceWindow;
 class ViewPanel;
 
 // The main window: menus, the stone, cut and colour lists with the refractive index, the
@@ -50,6 +51,8 @@ class MainWindow : public QMainWindow {
     QLabel& InfoLabel() { return *info_; }
     LightArea& Light() { return *lightArea_; }
     RenderWindow& Render() { return *renderWindow_; }
+    // The light performance window, made on first use.
+    LightPerformanceWindow& LightPerformance();
 
     // Closes without questions (the program was told to stop): a render is aborted, the
     // settings are written.
@@ -84,6 +87,7 @@ class MainWindow : public QMainWindow {
     void ReadBackIndex();
     void SetPanelToggle(bool objectWise, bool on);
     void ShowVersion();
+    void ShowLightPerformance();
     void ApplySettingWindow(SettingDialog& dialog, bool rebuild);
     bool KeyEvent(QKeyEvent* event, bool down);
 
@@ -92,6 +96,7 @@ class MainWindow : public QMainWindow {
     LightArea* lightArea_ = nullptr;
     RenderWindow* renderWindow_ = nullptr;
     OutputFlows* flows_ = nullptr;
+    LightPerformanceWindow* lightPerformance_ = nullptr;  // made when first shown
     QComboBox* stoneList_ = nullptr;
     QComboBox* cutList_ = nullptr;
     QComboBox* colourList_ = nullptr;

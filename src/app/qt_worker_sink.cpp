@@ -83,5 +83,19 @@ void QtWorkerSink::GifProgress(int frame, int frameCount) {
 void QtWorkerSink::GifFinished(int result) {
     emit gifFinished(result);
 }
+void QtWorkerSink::LightStudyProgress(int done, int total) {
+    emit lightStudyProgress(done, total);
+}
+void QtWorkerSink::LightStudyFinished(int result, const LightStudy& study) {
+    {
+        std::lock_guard lock(studyMutex_);
+        study_ = study;
+    }
+    emit lightStudyFinished(result);
+}
+LightStudy QtWorkerSink::TakeLightStudy() {
+    std::lock_guard lock(studyMutex_);
+    return std::exchange(study_, LightStudy{});
+}
 
 }  // namespace kirameki

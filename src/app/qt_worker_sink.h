@@ -3,6 +3,7 @@
 #include <QColor>
 #include <QImage>
 #include <QObject>
+#include <mutex>
 
 #include "worker/worker_sink.h"
 
@@ -27,6 +28,11 @@ class QtWorkerSink : public QObject, public WorkerSink {
     void CaptureFinished(int result) override;
     void GifProgress(int frame, int frameCount) override;
     void GifFinished(int result) override;
+    void LightStudyProgress(int done, int total) override;
+    void LightStudyFinished(int result, const LightStudy& study) override;
+
+    // The last light study the worker finished, taken once.
+    LightStudy TakeLightStudy();
 
     static QImage ToQImage(const FrameImage& image, int first, int last);
 
@@ -42,6 +48,12 @@ class QtWorkerSink : public QObject, public WorkerSink {
     void captureFinished(int result);
     void gifProgress(int frame, int frameCount);
     void gifFinished(int result);
+    void lightStudyProgress(int done, int total);
+    void lightStudyFinished(int result);
+
+  private:
+    std::mutex studyMutex_;
+    LightStudy study_;
 };
 
 }  // namespace kirameki

@@ -23,5 +23,6 @@ Command AddSettings(CLI::App& program);
 Command AddCapture(CLI::App& program);
 Command AddGif(CLI::App& program);
 Command AddDesign(CLI::App& program);
+Command AddBatch(CLI::App& program);
 
 }  // namespace kirameki::cli

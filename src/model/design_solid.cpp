@@ -2,12 +2,21 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <numbers>
 
 namespace kirameki {
 
 namespace {
+
+// A number as a person reads it in a note: "12", "7.5", "3.2e-09".
+std::string Figure(double value, int digits) {
+    char text[32];
+    const auto result =
+        std::to_chars(text, text + sizeof text, value, std::chars_format::general, digits);
+    return {text, result.ptr};
+}
 
 constexpr double kDegree = std::numbers::pi / 180.0;
 
@@ -159,8 +168,7 @@ SolidBuild BuildDesignSolid(const Design& design) {
                 onPlanes.emplace_back();
             } else if (nearest > 1e-10 * size && solid.notes.size() < 20) {
                 solid.notes.push_back(
-                    "corners " + std::to_string(nearest / size) +
-                    " apart merged at facet of line " +
+                    "corners " + Figure(nearest / size, 3) + " apart merged at facet of line " +
                     std::to_string(design.tiers[std::size_t(planes[i].tier)].line));
             }
             if (face.empty() || (face.back() != found && face.front() != found))
@@ -182,7 +190,7 @@ SolidBuild BuildDesignSolid(const Design& design) {
         if (!solid.touching[i]) {
             const DesignTier& tier = design.tiers[std::size_t(planes[i].tier)];
             solid.notes.push_back("line " + std::to_string(tier.line) + ": the facet at index " +
-                                  std::to_string(tier.indices[std::size_t(planes[i].position)]) +
+                                  Figure(tier.indices[std::size_t(planes[i].position)], 6) +
                                   " does not touch the stone");
         }
 

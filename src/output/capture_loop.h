@@ -55,6 +55,14 @@ ViewState FrameOrientation(const ViewState& start, int index, int frameCount,
 // Renders and saves the frames of the run, each a 256-colour GIF written through a
 // temporary file. A frame that cannot be written stops the run. `view` ends at the frame
 // reached: the start again after a completed run.
+// Each frame is written on a thread of its own while the next is traced; the run returns
+// only when every frame it handed over is on disk. The frames are traced on `threads`.
+CaptureOutcome RunCapture(const CaptureRun& run, GemModel& model, ViewState& view,
+                          TracerWorkAreas& work, FrameImage& image, RenderSink& sink,
+                          const AbortPoll& abortPoll, CaptureObserver& observer,
+                          RenderThreads& threads);
+
+// The same with render threads of its own for the run.
 CaptureOutcome RunCapture(const CaptureRun& run, GemModel& model, ViewState& view,
                           TracerWorkAreas& work, FrameImage& image, RenderSink& sink,
                           const AbortPoll& abortPoll, CaptureObserver& observer);

@@ -4,10 +4,12 @@
 #include <cmath>
 #include <condition_variable>
 #include <mutex>
+#include <optional>
 #include <thread>
 #include <vector>
 
 #include "render/optics.h"
+#include "render/spectral_fire.h"
 
 namespace kirameki {
 
@@ -27,27 +29,90 @@ int ClampByte(long value) {
 // Renders the pixels of one row of the working picture.
 class RowRenderer {
   public:
-    RowRenderer(const RenderParameters& p, const TraceScene& scene, FrameImage& image, int scale)
+    RowRenderer(const RenderParameters& p, const TraceScene& scene, FrameImage& image, int scale,
+                const SpectralFire* spectral)
         : p_(p),
           scene_(scene),
+          spectral_(spectral),
           image_(image),
           centreX_(std::lround(image.Width() * 0.5)),
           centreY_(std::lround(image.Height() * 0.5)),
           scale_(double(scale)),
-          r0_(optics::NormalReflectance(p.outerIndex, p.stoneIndex)) {}
+          r0_(optics::NormalReflectance(p.outerIndex, p.stoneIndex)),
+          fireIndices_(FireIndices(p)) {}
 
-    // Renders one row with the path memory of the calling thread.
-    void Render(int py, TracerPathMemory& memory) const {
-        TraceScene scene = scene_;
-        scene.memory = &memory;
+    // Renders one row with the path memory of the calling thread: with fire, the three
+    // samples of each pixel as one bundle; without, neighbouring pixels four at a time.
+    void Render(int py, TracerBundleMemory& memory) const {
         const double oy = -double(py - centreY_) / scale_;
-        for (int px = 0; px < image_.Width(); ++px) {
-            const Vec3 origin = {double(px - centreX_) / scale_, oy, kRayStartZ};
-            image_.SetPixel(px, py, p_.fire ? FirePixel(origin, scene) : PlainPixel(origin, scene));
+        if (spectral_ || !scene_.work->lighting.IsClassic()) {
+            // The bundles know the classic light only; the other lights go ray by ray.
+            RenderRayByRay(py, oy, memory.single);
+            return;
+        }
+        const int width = image_.Width();
+        RayBundle bundle;
+        BundleResults results;
+        if (p_.fire) {
+            bundle.count = kFireSamples;
+            bundle.stoneIndices = fireIndices_;
+            for (int px = 0; px < width; ++px) {
+                const Vec3 origin = {double(px - centreX_) / scale_, oy, kRayStartZ};
+                bundle.origins.fill(origin);
+                TraceBundle(bundle, p_.outerIndex, r0_, scene_, memory, results);
+                int sample = 0;
+                const auto traced = [&](double, TraceResults& r) {
+                    r = results.rays[std::size_t(sample)];
+                    return results.hits[std::size_t(sample++)] != 0;
+                };
+                image_.SetPixel(
+                    px, py,
+                    kirameki::FirePixel(traced, p_.stoneIndex, p_.fireSpread, p_.backColour));
+            }
+            return;
+        }
+        bundle.stoneIndices.fill(p_.stoneIndex);
+        for (int px = 0; px < width; px += kBundleRays) {
+            bundle.count = std::min(kBundleRays, width - px);
+            for (int i = 0; i < bundle.count; ++i)
+                bundle.origins[std::size_t(i)] = {double(px + i - centreX_) / scale_, oy,
+                                                  kRayStartZ};
+            TraceBundle(bundle, p_.outerIndex, r0_, scene_, memory, results);
+            for (int i = 0; i < bundle.count; ++i) {
+                const TraceResults& r = results.rays[std::size_t(i)];
+                image_.SetPixel(px + i, py,
+                                MapPixel(results.hits[std::size_t(i)] != 0, r.highlight,
+                                         r.colour[0], r.colour[1], r.colour[2], p_.backColour));
+            }
         }
     }
 
   private:
+    // The stone index of each fire sample, as the fire rule works it out.
+    static std::array<double, kBundleRays> FireIndices(const RenderParameters& p) {
+        std::array<double, kBundleRays> indices{};
+        indices.fill(p.stoneIndex);
+        int sample = 0;
+        const auto note = [&](double index, TraceResults&) {
+            indices[std::size_t(sample++)] = index;
+            return true;
+        };
+        kirameki::FirePixel(note, p.stoneIndex, p.fireSpread, p.backColour);
+        return indices;
+    }
+
+    void RenderRayByRay(int py, double oy, TracerPathMemory& memory) const {
+        TraceScene scene = scene_;
+        scene.memory = &memory;
+        for (int px = 0; px < image_.Width(); ++px) {
+            const Vec3 origin = {double(px - centreX_) / scale_, oy, kRayStartZ};
+            image_.SetPixel(px, py,
+                            spectral_ ? SpectralPixel(origin, scene)
+                            : p_.fire ? FirePixel(origin, scene)
+                                      : PlainPixel(origin, scene));
+        }
+    }
+
     std::uint32_t PlainPixel(Vec3 origin, const TraceScene& scene) const {
         TraceResults r;
         const bool hit = Trace_TraceVector(origin, {0, 0, 1}, p_.outerIndex, p_.stoneIndex, 0, r0_,
@@ -64,13 +129,33 @@ class RowRenderer {
             p_.stoneIndex, p_.fireSpread, p_.backColour);
     }
 
+    // The pixel traced at each wavelength of the spectral fire; the back colour when a
+    // wavelength misses the stone, as with the three fire samples.
+    std::uint32_t SpectralPixel(Vec3 origin, const TraceScene& scene) const {
+        std::array<double, SpectralFire::kMaxSamples> light{};
+        double highlight = 0.0;
+        for (int i = 0; i < spectral_->Count(); ++i) {
+            TraceResults r;
+            if (Trace_TraceVector(origin, {0, 0, 1}, p_.outerIndex, spectral_->IndexAt(i), 0, r0_,
+                                  scene, r) == 0)
+                return MapPixel(false, 0.0, 0.0, 0.0, 0.0, p_.backColour);
+            light[std::size_t(i)] = r.colour[std::size_t(spectral_->ChannelOf(i))];
+            if (i == spectral_->Middle())
+                highlight = r.highlight;
+        }
+        const std::array<double, 3> rgb = spectral_->Compose(light.data());
+        return MapPixel(true, highlight, rgb[0], rgb[1], rgb[2], p_.backColour);
+    }
+
     const RenderParameters& p_;
     const TraceScene& scene_;
+    const SpectralFire* spectral_;
     FrameImage& image_;
     long centreX_;
     long centreY_;
     double scale_;
     double r0_;
+    std::array<double, kBundleRays> fireIndices_;
 };
 
 // Runs the rows on worker threads, released one at a time in order from the calling
@@ -80,14 +165,14 @@ class RowRenderer {
 // wakes once per few rows rather than once per row.
 class RowScheduler {
   public:
-    RowScheduler(int rows, int threads, const RowRenderer& renderer)
+    RowScheduler(int rows, int threads, const RowRenderer& renderer, RenderThreads& pool)
         : rows_(rows),
           window_(8 * threads),
           lowWater_(4 * threads),
           done_(std::size_t(rows), 0),
-          renderer_(renderer) {
-        for (int i = 0; i < threads; ++i)
-            workers_.emplace_back([this] { Work(); });
+          renderer_(renderer),
+          pool_(pool) {
+        pool_.Start(threads, [this] { Work(); });
     }
     ~RowScheduler() {
         {
@@ -95,9 +180,10 @@ class RowScheduler {
             stopping_ = true;
         }
         wake_.notify_all();
-        for (std::thread& worker : workers_)
-            worker.join();
+        pool_.Wait();
     }
+    RowScheduler(const RowScheduler&) = delete;
+    RowScheduler& operator=(const RowScheduler&) = delete;
 
     // Releases one more row; when the window is full, first waits until half of it is done.
     void Release() {
@@ -125,7 +211,7 @@ class RowScheduler {
 
   private:
     void Work() {
-        TracerPathMemory memory;  // this thread's last path, to guess the next one from
+        TracerBundleMemory memory;  // this thread's last paths, to guess the next ones from
         for (;;) {
             int row;
             {
@@ -161,7 +247,7 @@ class RowScheduler {
     int completed_ = 0;
     int prefix_ = 0;
     bool stopping_ = false;
-    std::vector<std::thread> workers_;
+    RenderThreads& pool_;
 };
 
 int ThreadCount(int requested) {
@@ -201,6 +287,14 @@ std::uint32_t MapPixel(bool hit, double highlight, double red, double green, dou
 int RenderFrame(const RenderParameters& parameters, const GemModel& model, Vec3 lightDirection,
                 const RenderGeometry& geometry, TracerWorkAreas& work, FrameImage& image,
                 RenderSink& sink, const AbortPoll& abortPoll) {
+    RenderThreads pool;
+    return RenderFrame(parameters, model, lightDirection, geometry, work, image, sink, abortPoll,
+                       pool);
+}
+
+int RenderFrame(const RenderParameters& parameters, const GemModel& model, Vec3 lightDirection,
+                const RenderGeometry& geometry, TracerWorkAreas& work, FrameImage& image,
+                RenderSink& sink, const AbortPoll& abortPoll, RenderThreads& pool) {
     TraceScene scene;
     scene.lightDirection = lightDirection;
     scene.faceCount = model.FaceCount;
@@ -213,6 +307,7 @@ int RenderFrame(const RenderParameters& parameters, const GemModel& model, Vec3 
     scene.backColour = parameters.backColour;
     scene.lightVolumes = parameters.lightVolumes;
     scene.narrowMainLight = parameters.narrowMainLight;
+    scene.light = parameters.light;
     PrepareTracer(scene);
 
     const int size = geometry.size;
@@ -229,7 +324,10 @@ int RenderFrame(const RenderParameters& parameters, const GemModel& model, Vec3 
     FrameImage& target = factor == 2 ? large : image;
     const int rows = target.Height();
     const int scale = int(std::lround(geometry.scale * double(factor)));
-    const RowRenderer renderer(parameters, scene, target, scale);
+    std::optional<SpectralFire> spectral;
+    if (parameters.spectralSamples > 0)
+        spectral.emplace(parameters.spectralSamples, parameters.stoneIndex, parameters.dispersion);
+    const RowRenderer renderer(parameters, scene, target, scale, spectral ? &*spectral : nullptr);
 
     bool aborted = false;
     int lastPercent = 0, shown = 0;
@@ -246,7 +344,7 @@ int RenderFrame(const RenderParameters& parameters, const GemModel& model, Vec3 
     };
     {
         const int threads = ThreadCount(parameters.threads);
-        RowScheduler scheduler(rows, threads, renderer);
+        RowScheduler scheduler(rows, threads, renderer, pool);
         for (int py = 0; py < rows; ++py) {
             int completed, prefix;
             scheduler.Finished(completed, prefix);

@@ -6,6 +6,7 @@
 
 #include "model/gem_model.h"
 #include "render/frame_image.h"
+#include "render/render_threads.h"
 #include "render/tracer.h"
 
 namespace kirameki {
@@ -23,7 +24,12 @@ struct RenderParameters {
     std::array<std::int32_t, 3> backColour{};
     std::array<std::int32_t, 3> lightVolumes{100, 100, 100};
     std::int32_t narrowMainLight = 0;
-    int threads = 0;  // 0: every core
+    LightSetup light;  // the classic three lights unless a standard model is chosen
+    // Spectral fire instead of the three fire samples: this many wavelengths from 400 to
+    // 700 nm (0: off), each at the stone's index for it from its dispersion.
+    int spectralSamples = 0;
+    double dispersion = 0.044;  // n(430.8 nm) - n(686.7 nm), the B-G dispersion
+    int threads = 0;            // 0: every core
 };
 
 // The picture's size and scale: a square of `size` pixels, `scale` pixels per model unit.
@@ -89,7 +95,13 @@ std::uint32_t FirePixel(Trace&& trace, double stoneIndex, double spread,
 // Ray-traces the model (view vertices and face data of the current orientation) into the
 // image, which is resized to the geometry's size when it differs. Returns 1 when every row
 // was rendered and 0 after an abort; the image then holds the partial picture. The picture
-// is the same whatever the number of threads.
+// is the same whatever the number of threads. The rows are traced on `threads`, which the
+// caller keeps from frame to frame.
+int RenderFrame(const RenderParameters& parameters, const GemModel& model, Vec3 lightDirection,
+                const RenderGeometry& geometry, TracerWorkAreas& work, FrameImage& image,
+                RenderSink& sink, const AbortPoll& abortPoll, RenderThreads& threads);
+
+// The same with threads of its own, made for this frame only.
 int RenderFrame(const RenderParameters& parameters, const GemModel& model, Vec3 lightDirection,
                 const RenderGeometry& geometry, TracerWorkAreas& work, FrameImage& image,
                 RenderSink& sink, const AbortPoll& abortPoll);

@@ -5,6 +5,7 @@
 namespace kirameki {
 
 struct TracerFaceArea;
+struct BundleWalk;
 
 // The face arrays are padded with planes that never limit a ray to a multiple of this.
 constexpr int kPlanePadding = 16;
@@ -22,6 +23,8 @@ struct EntryFaces {
 struct PlaneSearch {
     EntryFaces (*entry)(const TracerFaceArea& area, Vec3 origin, Vec3 direction) = nullptr;
     int (*exit)(const TracerFaceArea& area, Vec3 origin, Vec3 direction) = nullptr;
+    // The walk of a bundle of rays inside the stone (none: trace ray by ray).
+    void (*walk)(BundleWalk& walk) = nullptr;
 };
 
 PlaneSearch SelectPlaneSearch();
@@ -30,6 +33,10 @@ namespace plane_search_avx2 {
 EntryFaces FindEntryFaces(const TracerFaceArea& area, Vec3 o, Vec3 d);
 int FindExitFace(const TracerFaceArea& area, Vec3 o, Vec3 d);
 }  // namespace plane_search_avx2
+
+namespace bundle_walk_avx2 {
+void Walk(BundleWalk& walk);
+}  // namespace bundle_walk_avx2
 
 namespace plane_search_generic {
 EntryFaces FindEntryFaces(const TracerFaceArea& area, Vec3 o, Vec3 d);

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 
+#include "render/bundle_walk.h"
 #include "render/lighting.h"
 #include "render/optics.h"
 #include "render/plane_search.h"
@@ -113,6 +114,27 @@ void PrepareEdges(const TraceScene& scene, int count) {
         }
     }
     edges.first[count] = next;
+    // The blocks of eight.
+    constexpr int kLines = TracerEdgeArea::kBlockLines;
+    int block = 0;
+    for (int i = 0; i < count; ++i) {
+        edges.firstBlock[std::size_t(i)] = block;
+        const int first = edges.first[std::size_t(i)],
+                  lines = edges.first[std::size_t(i) + 1] - first;
+        const int blocks = std::max(1, (lines + kLines - 1) / kLines);
+        for (int k = 0; k < blocks * kLines; ++k) {
+            TracerEdgeArea::Block& b = edges.blocks[std::size_t(block + k / kLines)];
+            const std::size_t lane = std::size_t(k % kLines);
+            const TracerEdgeArea::Line line =
+                k < lines ? edges.lines[std::size_t(first + k)] : TracerEdgeArea::Line{0, 0, 0, -1};
+            b.x[lane] = line.x;
+            b.y[lane] = line.y;
+            b.z[lane] = line.z;
+            b.offset[lane] = line.offset;
+        }
+        block += blocks;
+    }
+    edges.firstBlock[std::size_t(count)] = block;
 }
 
 }  // namespace
@@ -139,7 +161,7 @@ void PrepareTracer(TraceScene& scene) {
     area.search = SelectPlaneSearch();
     PrepareEdges(scene, count);
     scene.work->lighting = Lighting(scene.lightDirection, scene.lightVolumes, scene.backColour,
-                                    scene.narrowMainLight != 0);
+                                    scene.narrowMainLight != 0, scene.light);
     area.paddedCount = (count + kPlanePadding - 1) / kPlanePadding * kPlanePadding;
     for (int i = count; i < area.paddedCount; ++i) {
         area.nx[i] = area.ny[i] = area.nz[i] = 0.0;
@@ -285,6 +307,180 @@ int Trace_TraceVector(Vec3 origin, Vec3 direction, double outerIndex, double sto
     results.colour[2] = light[2];
     results.pathLength = pathLength;
     return 1;
+}
+
+}  // namespace kirameki
+
+namespace kirameki {
+
+namespace {
+
+bool SamePoint(Vec3 a, Vec3 b) {
+    return a.x == b.x && a.y == b.y && a.z == b.z;
+}
+
+// Where one ray of a bundle enters the stone, found as Trace_TraceVector finds it: false
+// when it misses. The face is first guessed from the ray's last path, then from the ray
+// before it in the bundle.
+bool FindEntry(const TracerWorkAreas& work, Vec3 origin, Vec3 d0, int guess, int neighbour,
+               int& face, double& tIn) {
+    const TracerFaceArea& area = work.faces;
+    const double along = Dot(origin, d0);
+    if (Dot(origin, origin) - along * along > area.reach2 * (1.0 + 1e-9) + 1e-12)
+        return false;
+    if (ConfirmFace(work, guess, origin, d0, true, tIn)) {
+        face = guess;
+        return true;
+    }
+    if (neighbour != guess && ConfirmFace(work, neighbour, origin, d0, true, tIn)) {
+        face = neighbour;
+        return true;
+    }
+    const EntryFaces entry = area.search.entry(area, origin, d0);
+    if (entry.parallelOutside || entry.in < 0)
+        return false;
+    tIn = -Height(area, entry.in, origin) / Dot(PlaneNormal(area, entry.in), d0);
+    if (entry.out >= 0) {
+        const double tOut =
+            -Height(area, entry.out, origin) / Dot(PlaneNormal(area, entry.out), d0);
+        if (!(tIn < tOut))
+            return false;
+    }
+    if (!(tIn > 0.0))
+        return false;
+    face = entry.in;
+    return true;
+}
+
+}  // namespace
+
+void TraceBundle(const RayBundle& bundle, double outerIndex, double normalReflectance,
+                 const TraceScene& scene, TracerBundleMemory& memory, BundleResults& results) {
+    constexpr std::size_t kRays = kBundleRays;
+    const std::size_t n = std::size_t(std::clamp(bundle.count, 0, kBundleRays));
+    for (std::size_t l = 0; l < kRays; ++l) {
+        results.rays[l] = TraceResults{};
+        results.hits[l] = 0;
+    }
+    if (n == 0)
+        return;
+    const TracerWorkAreas& work = *scene.work;
+    const TracerFaceArea& area = work.faces;
+    if (area.faceCount == 0 || n == 0)
+        return;
+    if (!area.search.walk) {
+        // No vector walk on this processor: ray by ray.
+        TraceScene single = scene;
+        single.memory = &memory.single;
+        for (std::size_t l = 0; l < n; ++l)
+            results.hits[l] = Trace_TraceVector(bundle.origins[l], bundle.direction, outerIndex,
+                                                bundle.stoneIndices[l], 0, normalReflectance,
+                                                single, results.rays[l]);
+        return;
+    }
+    const Lighting& lighting = work.lighting;
+    const Vec3 d0 = Normalized(bundle.direction);
+
+    BundleWalk walk;
+    walk.work = &work;
+    walk.memory = &memory;
+    walk.depth = scene.depth;
+    walk.outerIndex = outerIndex;
+    for (std::size_t c = 0; c < 3; ++c)
+        walk.absorption[c] = scene.stoneColour[c] * kAbsorptionScale;
+    for (std::size_t l = 0; l < kRays; ++l) {
+        // Every lane starts as a ray that has ended, with harmless values.
+        walk.px[l] = walk.py[l] = walk.pz[l] = walk.dx[l] = walk.dy[l] = walk.dz[l] = 0.0;
+        walk.stone[l] = walk.eta[l] = 1.0;
+        walk.lift[l] = walk.pathLength[l] = 0.0;
+        for (std::size_t c = 0; c < 3; ++c)
+            walk.throughput[c][l] = walk.light[c][l] = 0.0;
+        walk.alive[l] = 0;
+        walk.guesses[l] = walk.segments[l] = 0;
+    }
+    std::array<bool, kRays> inside{};
+    std::array<double, kRays> highlight{};
+    std::array<std::array<double, 3>, kRays> surroundings{};
+
+    // The entry of each ray and the split there, as Trace_TraceVector works them out.
+    for (std::size_t l = 0; l < n; ++l) {
+        TraceResults& out = results.rays[l];
+        TracerPathMemory::Path& path = memory.rays[l];
+        const Vec3 origin = bundle.origins[l];
+        const double stoneIndex = bundle.stoneIndices[l];
+        const bool sameRay = l > 0 && SamePoint(origin, bundle.origins[l - 1]);
+        int face = -1;
+        double tIn = 0.0;
+        if (sameRay) {
+            // The entry does not depend on the index: the ray before says it all.
+            if (!results.hits[l - 1])
+                continue;
+            face = results.rays[l - 1].entryFace;
+            tIn = results.rays[l - 1].distance;
+        } else if (!FindEntry(work, origin, d0, path.entryFace,
+                              l > 0 ? results.rays[l - 1].entryFace : -1, face, tIn)) {
+            continue;
+        }
+        walk.guesses[l] = path.exitCount;
+        path.entryFace = face;
+        path.exitCount = 0;
+
+        const double f0 = optics::NormalReflectance(outerIndex, stoneIndex);
+        const double lift = f0 < 1.0 ? (normalReflectance - f0) / (1.0 - f0) : 0.0;
+        const Crossing entering(outerIndex, stoneIndex, lift);
+        const Vec3 p = origin + d0 * tIn;
+        const Vec3 normal = PlaneNormal(area, face);
+        out.distance = tIn;
+        out.entryFace = face;
+        results.hits[l] = 1;
+
+        const optics::Split in = entering.At(d0, normal);
+        const double r = in.reflectance;
+        // The highlight and the surroundings depend only on the reflected direction, the
+        // same for rays from one origin.
+        if (!sameRay) {
+            const Vec3 reflected = optics::Reflect(d0, normal);
+            highlight[l] = lighting.Highlight(reflected);
+            surroundings[l] = lighting.Surroundings(reflected);
+        } else {
+            highlight[l] = highlight[l - 1];
+            surroundings[l] = surroundings[l - 1];
+        }
+        out.highlight = r * highlight[l];
+        for (std::size_t c = 0; c < 3; ++c)
+            walk.light[c][l] = surroundings[l][c] * r;
+        if (!in.refracted) {
+            out.colour = {walk.light[0][l], walk.light[1][l], walk.light[2][l]};
+            continue;
+        }
+        walk.px[l] = p.x;
+        walk.py[l] = p.y;
+        walk.pz[l] = p.z;
+        walk.dx[l] = in.direction.x;
+        walk.dy[l] = in.direction.y;
+        walk.dz[l] = in.direction.z;
+        walk.stone[l] = stoneIndex;
+        walk.eta[l] = stoneIndex / outerIndex;
+        walk.lift[l] = lift;
+        for (std::size_t c = 0; c < 3; ++c)
+            walk.throughput[c][l] = 1.0 - r;
+        walk.alive[l] = -1;
+        inside[l] = true;
+    }
+
+    area.search.walk(walk);
+
+    // Light still inside when a path ends is counted as the average of the surroundings.
+    const std::array<double, 3> average = lighting.Average();
+    for (std::size_t l = 0; l < n; ++l) {
+        if (!inside[l])
+            continue;
+        TraceResults& out = results.rays[l];
+        for (std::size_t c = 0; c < 3; ++c)
+            out.colour[c] = walk.light[c][l] + walk.throughput[c][l] * average[c];
+        out.segments = walk.segments[l];
+        out.pathLength = walk.pathLength[l];
+    }
 }
 
 }  // namespace kirameki

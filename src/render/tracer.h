@@ -41,6 +41,16 @@ struct TracerEdgeArea {
     };
     std::array<std::int32_t, kMaxFaces + 1> first{};
     std::array<Line, kCapacity> lines{};
+    // The same lines eight to a block, for testing them side by side; a face takes one
+    // block up to eight edges. Padding lines (0, 0, 0, -1) hold every point inside.
+    static constexpr int kBlockLines = 8;
+    static constexpr int kBlocksPerFace = (kMaxFaceVertices + kBlockLines - 1) / kBlockLines;
+    struct Block {
+        alignas(64) std::array<double, kBlockLines> x;
+        std::array<double, kBlockLines> y, z, offset;
+    };
+    std::array<std::int32_t, kMaxFaces + 1> firstBlock{};
+    std::array<Block, kMaxFaces * kBlocksPerFace> blocks{};
 };
 
 // The faces the last ray of one thread met, in order: neighbouring pixels and the three
@@ -91,6 +101,7 @@ struct TraceScene {
     std::array<std::int32_t, 3> backColour{};    // 0..255
     std::array<std::int32_t, 3> lightVolumes{};  // main, back, fill, percent 0..200
     std::int32_t narrowMainLight = 0;
+    LightSetup light;                    // the lighting model
     TracerPathMemory* memory = nullptr;  // one per thread; none: every face is searched
 };
 
@@ -116,5 +127,33 @@ void PrepareTracer(TraceScene& scene);
 int Trace_TraceVector(Vec3 origin, Vec3 direction, double outerIndex, double stoneIndex,
                       int startLevel, double normalReflectance, const TraceScene& scene,
                       TraceResults& results);
+
+// Up to four rays of one direction traced side by side from level 0: the three fire samples
+// of a pixel (one origin, three indices) or neighbouring pixels of a row (one index). Where
+// the processor has AVX2 the rays run in the lanes of one vector, sharing the work of
+// finding faces they have in common; each ray's results are exactly those
+// Trace_TraceVector gives it.
+inline constexpr int kBundleRays = 4;
+struct RayBundle {
+    int count = 0;
+    Vec3 direction = {0.0, 0.0, 1.0};
+    std::array<Vec3, kBundleRays> origins{};
+    std::array<double, kBundleRays> stoneIndices{};
+};
+
+// The paths the rays of the last bundle took, to guess the faces of the next bundle from
+// (one per thread).
+struct TracerBundleMemory {
+    std::array<TracerPathMemory::Path, kBundleRays> rays{};
+    TracerPathMemory single;  // for tracing ray by ray where there is no AVX2
+};
+
+struct BundleResults {
+    std::array<TraceResults, kBundleRays> rays{};
+    std::array<int, kBundleRays> hits{};  // non-zero where the ray entered the stone
+};
+
+void TraceBundle(const RayBundle& bundle, double outerIndex, double normalReflectance,
+                 const TraceScene& scene, TracerBundleMemory& memory, BundleResults& results);
 
 }  // namespace kirameki

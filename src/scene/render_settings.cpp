@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "model/stone_dispersion.h"
 #include "model/stone_tables.h"
 
 namespace kirameki {
@@ -18,6 +19,7 @@ RenderParameters RenderParametersFor(const AppSettings& s) {
     p.lightVolumes = {std::clamp(s.mainLightVolume, 0, 200), std::clamp(s.backLightVolume, 0, 200),
                       std::clamp(s.fillLightVolume, 0, 200)};
     p.narrowMainLight = s.narrowMainLight;
+    p.dispersion = KnownDispersion(s.stone).value_or(kDefaultDispersion);
     return p;
 }
 

@@ -8,13 +8,14 @@
 #include <variant>
 
 #include "output/capture_loop.h"
+#include "render/light_study.h"
 #include "scene/gif_job.h"
 
 namespace kirameki {
 
 // What a command carries besides its argument: the whole job, so that nothing is left in a
 // mailbox for the worker to find later (a poll that eats the command eats its job too).
-using CommandPayload = std::variant<std::monostate, CaptureRun, GifJob>;
+using CommandPayload = std::variant<std::monostate, CaptureRun, GifJob, LightStudySetup>;
 
 // A message for a thread: its number, two parameters and a command's job.
 struct ThreadMessage {

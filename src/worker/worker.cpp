@@ -134,6 +134,10 @@ void Worker::Dispatch(const ThreadMessage& message) {
             if (const auto* job = std::get_if<GifJob>(&message.payload))
                 CompileAnimatedGif(*job);
             break;
+        case kStudyLight:
+            if (const auto* setup = std::get_if<LightStudySetup>(&message.payload))
+                StudyLight(*setup);
+            break;
         default:
             break;  // an abort with nothing to abort, or an unknown code
     }
@@ -177,9 +181,9 @@ void Worker::RenderFrameCommand() {
         sink_.RenderFinished();
         return;
     }
-    RenderFrame(RenderParametersFor(settings_), *model_, view_.LightDirection,
-                GeometryFor(settings_), *work_, image_, forward,
-                [this] { return AbortRequested(); });
+    RenderFrame(
+        RenderParametersFor(settings_), *model_, view_.LightDirection, GeometryFor(settings_),
+        *work_, image_, forward, [this] { return AbortRequested(); }, renderThreads_);
     scene_.PublishFrame(image_);
 }
 
@@ -292,7 +296,7 @@ void Worker::CaptureFrames(const CaptureRun& run) {
     if (SceneProblem(settings_).empty()) {
         outcome = RunCapture(
             run, *model_, view_, *work_, image_, forward, [this] { return AbortRequested(); },
-            observer);
+            observer, renderThreads_);
         scene_.PublishFrame(image_);
     }
     scene_.SetCapturedFrames(outcome.framesDone);
@@ -310,6 +314,16 @@ void Worker::CompileAnimatedGif(const GifJob& job) {
             job, [this](int frame, int count) { sink_.GifProgress(frame, count); }, message);
     scene_.SetGifMessage(message);
     sink_.GifFinished(ok ? 1 : 2);
+}
+
+void Worker::StudyLight(const LightStudySetup& setup) {
+    // The stone as it is: a build of the model posted before this has been carried out.
+    LightStudy study;
+    const bool done = RunLightStudy(
+        setup, *model_, view_.LightDirection, *work_, study, [this] { return AbortRequested(); },
+        [this](int picture, int total) { sink_.LightStudyProgress(picture, total); });
+    sink_.LightStudyFinished(done ? 1 : 2, study);
+    sink_.RenderFinished();  // ends the busy state the client set, as after a capture
 }
 
 }  // namespace kirameki

@@ -6,6 +6,7 @@
 
 #include "model/gem_model.h"
 #include "render/preview_geometry.h"
+#include "render/render_threads.h"
 #include "render/tracer.h"
 #include "worker/message_queue.h"
 #include "worker/shared_scene.h"
@@ -60,6 +61,7 @@ class Worker {
     void ResetOrientation();
     void CaptureFrames(const CaptureRun& run);
     void CompileAnimatedGif(const GifJob& job);
+    void StudyLight(const LightStudySetup& setup);
     bool AbortRequested();
 
     SharedScene& scene_;
@@ -71,6 +73,7 @@ class Worker {
     AppSettings settings_;  // the copy taken at the start of the command under way
     std::unique_ptr<GemModel> model_ = std::make_unique<GemModel>();
     std::unique_ptr<TracerWorkAreas> work_ = std::make_unique<TracerWorkAreas>();
+    RenderThreads renderThreads_;  // kept from frame to frame
     std::unique_ptr<PreviewPolygons> preview_ = std::make_unique<PreviewPolygons>();
     FrameImage image_;
     ViewState view_ = InitialViewState();

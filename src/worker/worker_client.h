@@ -45,6 +45,11 @@ class WorkerClient {
     // flag is set for a capture so that the busy rule holds while it runs.
     void StartCapture(const CaptureRun& run);
     void StartGif(const GifJob& job) { worker_.Post(kCompileAnimatedGif, 0, job); }
+    // A light study of the current stone; the rendering flag is set as for a capture.
+    void StartLightStudy(const LightStudySetup& setup) {
+        rendering_.store(1);
+        worker_.Post(kStudyLight, 0, setup);
+    }
 
     // A left press in the view panel (kind 1) or the light-ray area (kind 2): ignored while
     // the worker is busy with an interactive step or a render.

@@ -24,6 +24,7 @@ enum WorkerCommand : int {
     kResetOrientation = 7130,
     kCaptureFrames = 8000,
     kCompileAnimatedGif = 8030,
+    kStudyLight = 8060,  // the light performance of the current stone
 };
 
 // A mouse point packed as the drag commands carry it: x in the low 16 bits, y in the high

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "render/frame_image.h"
+#include "render/light_study.h"
 #include "render/preview_geometry.h"
 #include "worker/shared_scene.h"
 
@@ -40,6 +41,10 @@ class WorkerSink {
     virtual void CaptureFinished(int result) = 0;  // 8020: 1 done, 2 aborted
     virtual void GifProgress(int frame, int frameCount) = 0;
     virtual void GifFinished(int result) = 0;  // 8050: 1 written, 2 failed
+    // A light study: pictures made of all it needs, then its figures (result 1 done, 2
+    // aborted, the study then incomplete).
+    virtual void LightStudyProgress(int /*done*/, int /*total*/) {}
+    virtual void LightStudyFinished(int /*result*/, const LightStudy& /*study*/) {}
 };
 
 }  // namespace kirameki

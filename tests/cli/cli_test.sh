@@ -128,7 +128,7 @@ expect_status 2 render --design "$out/open.asc" --out "$out/open.png"
 grep -q "line 3: the design is open" "$out/stderr" || { echo "FAIL: open design message: $(cat "$out/stderr")"; failures=$((failures + 1)); }
 
 # The shell's conventions: --help and -h everywhere, --version, --opt=value and --.
-for command in tables model preview render settings capture gif design; do
+for command in tables model preview render settings capture gif design batch; do
   for help in --help -h; do
     expect_status 0 $command $help
     grep -q -- "--help" "$out/stdout" || { echo "FAIL: $command $help printed no options"; failures=$((failures + 1)); }

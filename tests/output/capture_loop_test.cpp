@@ -122,6 +122,9 @@ TEST_F(Capture, AFrameThatCannotBeWrittenStopsTheRunThere) {
     EXPECT_EQ(outcome_.end, CaptureOutcome::End::kFailed);
     EXPECT_NE(outcome_.error.find(FramePath(2)), std::string::npos) << outcome_.error;
     EXPECT_FALSE(Exists(3));
+    // Frame 3 was traced while frame 2 was being written; the run still ends turned to 2.
+    const ViewState two = FrameOrientation(run_.start, 2, 6, false);
+    EXPECT_EQ(Length(view_.object.AxisB - two.object.AxisB), 0.0);
     // A stem so long that no frame name fits: nothing is written and nothing is claimed.
     run_.stem = (dir_ / std::string(250, 'g')).string();
     EXPECT_EQ(Run(), 0);

@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <memory>
 #include <vector>
 
 #include "model/model_builder.h"
+#include "render/optics.h"
 #include "render/preview_geometry.h"
 #include "render/view_state.h"
 
@@ -81,6 +83,11 @@ struct Scene {
         return RenderFrame(parameters, *model, view.LightDirection, {size, ScaleForSize(size)},
                            *work, image, sink, poll);
     }
+    int Render(FrameImage& image, RecordingSink& sink, RenderThreads& threads,
+               const AbortPoll& poll = {}, int size = 64) {
+        return RenderFrame(parameters, *model, view.LightDirection, {size, ScaleForSize(size)},
+                           *work, image, sink, poll, threads);
+    }
 };
 
 TEST(RenderFrame, ReportsProgressUpTo100AndShowsEveryRowInOrder) {
@@ -138,6 +145,18 @@ TEST(RenderFrame, ThePictureIsTheSameOnAnyNumberOfThreads) {
     scene.Render(five, sink, {}, 96);
     EXPECT_EQ(one.Bytes(), two.Bytes());
     EXPECT_EQ(one.Bytes(), five.Bytes());
+    // Threads kept from frame to frame, through an abort and a change of count.
+    RenderThreads threads;
+    for (int count : {2, 5, 1, 2}) {
+        FrameImage kept, partial;
+        scene.parameters.threads = count;
+        int polls = 0;
+        EXPECT_EQ(scene.Render(
+                      partial, sink, threads, [&] { return ++polls == 30; }, 96),
+                  0);
+        EXPECT_EQ(scene.Render(kept, sink, threads, {}, 96), 1);
+        EXPECT_EQ(one.Bytes(), kept.Bytes()) << count;
+    }
 }
 
 TEST(RenderFrame, HighQualityRendersTwiceTheSizeAndShowsThePictureAtTheEnd) {
@@ -156,6 +175,82 @@ TEST(RenderFrame, HighQualityRendersTwiceTheSizeAndShowsThePictureAtTheEnd) {
     EXPECT_EQ(image.Width(), 64);
     EXPECT_EQ(sink.rowsShown, 64);
     EXPECT_EQ(sink.progress.back(), 100);
+}
+
+// The frame as the plain per-ray rule makes it: every pixel's rays traced one by one with
+// Trace_TraceVector, searching every face, then the fire rule, the colour mapping and the
+// high-quality reduction.
+FrameImage PlainFrame(const Scene& scene, int size) {
+    const RenderParameters& p = scene.parameters;
+    auto work = std::make_unique<TracerWorkAreas>();
+    TraceScene trace;
+    trace.lightDirection = scene.view.LightDirection;
+    trace.faceCount = scene.model->FaceCount;
+    trace.faceTable = scene.model->FaceTable.data();
+    trace.work = work.get();
+    trace.vertexCount = scene.model->VertexCount;
+    trace.viewVertices = scene.model->ViewVertices.data();
+    trace.depth = p.depth;
+    trace.stoneColour = p.stoneColour;
+    trace.backColour = p.backColour;
+    trace.lightVolumes = p.lightVolumes;
+    trace.narrowMainLight = p.narrowMainLight;
+    PrepareTracer(trace);
+    const int f = p.highQuality ? 2 : 1, n = size * f;
+    const double s = double(std::lround(ScaleForSize(size) * double(f)));
+    const long centre = std::lround(n * 0.5);
+    const double r0 = optics::NormalReflectance(p.outerIndex, p.stoneIndex);
+    FrameImage picture(n, n);
+    for (int y = 0; y < n; ++y)
+        for (int x = 0; x < n; ++x) {
+            const Vec3 origin = {double(x - centre) / s, -double(y - centre) / s, -1.1};
+            const auto trace1 = [&](double index, TraceResults& r) {
+                return Trace_TraceVector(origin, {0, 0, 1}, p.outerIndex, index, 0, r0, trace, r) !=
+                       0;
+            };
+            if (p.fire) {
+                picture.SetPixel(x, y, FirePixel(trace1, p.stoneIndex, p.fireSpread, p.backColour));
+                continue;
+            }
+            TraceResults r;
+            const bool hit = trace1(p.stoneIndex, r);
+            picture.SetPixel(
+                x, y,
+                MapPixel(hit, r.highlight, r.colour[0], r.colour[1], r.colour[2], p.backColour));
+        }
+    if (f == 1)
+        return picture;
+    FrameImage half;
+    half.Create(size, size);
+    picture.ReduceByHalf(half);
+    return half;
+}
+
+TEST(RenderFrame, ThePictureIsExactlyThatOfTracingEveryRayAlone) {
+    // The renderer traces rays in bundles that share work; pixel for pixel its pictures
+    // must be those of the plain rule, with fire and without, deep, coloured and doubled.
+    Scene scene;
+    scene.parameters.threads = 2;
+    scene.parameters.fireSpread = 0.025;
+    RecordingSink sink;
+    for (int variant = 0; variant < 5; ++variant) {
+        Scene& s = scene;
+        s.parameters.fire = variant != 1;
+        s.parameters.depth = variant == 2 ? 20 : 8;
+        s.parameters.highQuality = variant == 3;
+        s.parameters.stoneColour =
+            variant == 4 ? std::array<double, 3>{0.02, 0.0, 0.04} : std::array<double, 3>{};
+        const int size = variant == 3 ? 70 : 131;
+        FrameImage rendered;
+        s.Render(rendered, sink, {}, size);
+        const FrameImage plain = PlainFrame(s, size);
+        ASSERT_EQ(rendered.Width(), plain.Width());
+        int differing = 0;
+        for (int y = 0; y < size; ++y)
+            for (int x = 0; x < size; ++x)
+                differing += rendered.Pixel(x, y) != plain.Pixel(x, y);
+        EXPECT_EQ(differing, 0) << "variant " << variant;
+    }
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "render/optics.h"
 #include "render/plane_search.h"
 #include "render/preview_geometry.h"
+#include "render/rotation_steps.h"
 #include "render/view_state.h"
 
 namespace kirameki {
@@ -208,6 +209,69 @@ TEST(Tracer, ThePlainAndTheAvx2PlaneSearchGiveTheSamePictures) {
                 differing += std::abs(chosen.colour[1] - plain.colour[1]) > 1e-9;
             }
         EXPECT_LE(differing * 1000, rays) << entry << ": " << differing << " of " << rays;
+    }
+}
+
+// Traces rays in bundles and one by one (without memory, every face searched) and expects
+// every result of every ray to be the same to the last bit.
+void ExpectBundlesTraceAsSingleRays(const Stone& stone, bool vectorWalk) {
+    TraceScene scene = stone.scene;
+    auto work = std::make_unique<TracerWorkAreas>();
+    scene.work = work.get();
+    PrepareTracer(scene);
+    if (!vectorWalk)
+        work->faces.search.walk = nullptr;
+    TracerBundleMemory memory;
+    const double r0 = optics::NormalReflectance(1.0, 2.42);
+    int hits = 0;
+    for (double y = -1.0; y <= 1.0; y += 0.027)
+        for (double x = -1.0; x <= 1.0; x += 0.0137)
+            for (bool fire : {true, false}) {
+                // The three fire samples of one pixel, or four neighbouring pixels.
+                RayBundle bundle;
+                bundle.count = fire ? 3 : 4;
+                for (int i = 0; i < bundle.count; ++i) {
+                    bundle.origins[std::size_t(i)] = {fire ? x : x + 0.004 * i, y, -1.1};
+                    bundle.stoneIndices[std::size_t(i)] = fire ? 2.42 * (0.975 + 0.025 * i) : 2.42;
+                }
+                BundleResults bundled;
+                TraceBundle(bundle, 1.0, r0, scene, memory, bundled);
+                for (int i = 0; i < bundle.count; ++i) {
+                    const std::size_t k = std::size_t(i);
+                    TraceResults alone;
+                    const int hit =
+                        Trace_TraceVector(bundle.origins[k], bundle.direction, 1.0,
+                                          bundle.stoneIndices[k], 0, r0, stone.scene, alone);
+                    const TraceResults& b = bundled.rays[k];
+                    ASSERT_EQ(hit, bundled.hits[k]) << x << " " << y << " " << i;
+                    hits += hit;
+                    ASSERT_EQ(alone.entryFace, b.entryFace) << x << " " << y << " " << i;
+                    ASSERT_EQ(alone.segments, b.segments) << x << " " << y << " " << i;
+                    ASSERT_EQ(alone.distance, b.distance);
+                    ASSERT_EQ(alone.highlight, b.highlight);
+                    ASSERT_EQ(alone.colour, b.colour) << x << " " << y << " " << i;
+                    ASSERT_EQ(alone.pathLength, b.pathLength);
+                }
+            }
+    EXPECT_GT(hits, 10000);
+}
+
+TEST(Tracer, RaysTracedInBundlesGiveExactlyTheResultsOfRaysTracedAlone) {
+    // Clear and coloured stones, the full depth, several cuts and a turned view; the vector
+    // walk and the ray-by-ray one it falls back to where there is no AVX2.
+    for (int entry : {0, 8, 12}) {
+        ViewState turned = InitialViewState();
+        LocalRotationStep(turned.object, *StepFrame({TurnAxis::kX, 1, false}, 0.7));
+        for (const ViewState& view : {InitialViewState(), turned}) {
+            Stone stone(entry, view, Normalized({0.3, -0.5, 0.8}));
+            stone.scene.depth = entry == 8 ? 20 : 8;
+            stone.scene.stoneColour =
+                entry == 12 ? std::array<double, 3>{0.0, 0.03, 0.05} : std::array<double, 3>{};
+            PrepareTracer(stone.scene);
+            ExpectBundlesTraceAsSingleRays(stone, true);
+            if (entry == 0)
+                ExpectBundlesTraceAsSingleRays(stone, false);
+        }
     }
 }
 

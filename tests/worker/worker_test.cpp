@@ -31,6 +31,17 @@ class RecordingSink : public WorkerSink {
     void CaptureFinished(int) override {}
     void GifProgress(int, int) override {}
     void GifFinished(int) override {}
+    void LightStudyFinished(int result, const LightStudy& study) override {
+        {
+            std::lock_guard lock(mutex_);
+            studyTilts_ = int(study.tilts.size());
+        }
+        Add(result == 1 ? "study done" : "study aborted");
+    }
+    int StudyTilts() {
+        std::lock_guard lock(mutex_);
+        return studyTilts_;
+    }
 
     int Count(const std::string& event) {
         std::lock_guard lock(mutex_);
@@ -59,6 +70,7 @@ class RecordingSink : public WorkerSink {
     std::condition_variable changed_;
     std::vector<std::string> events_;
     std::vector<int> progress_;
+    int studyTilts_ = 0;
 };
 
 class ScriptedPrompter : public Prompter {
@@ -192,6 +204,29 @@ TEST(WorkerProtocol, HeldRotationTurnsUntilStoppedAndDragsAreThrottled) {
     p.client.EndDrag();
     EXPECT_FALSE(p.client.Drag(180, 100));
     ASSERT_TRUE(p.idle.Wait(5s));
+}
+
+TEST(WorkerProtocol, ALightStudyHoldsTheBusyRuleAndStopsOnAnAbort) {
+    Protocol p;
+    LightStudySetup setup;
+    setup.size = 48;
+    setup.tiltSteps = 3;
+    p.client.StartLightStudy(setup);
+    ASSERT_TRUE(p.sink.WaitFor("study done", 1));
+    EXPECT_EQ(p.sink.StudyTilts(), 3);
+    p.FinishRender();
+
+    setup.size = 400;  // long enough to be under way when the abort comes
+    setup.tiltSteps = 31;
+    p.client.StartLightStudy(setup);
+    p.prompter.answer = false;
+    EXPECT_FALSE(p.client.Render());  // busy: asked, and No keeps the study running
+    EXPECT_EQ(p.prompter.asked, 1);
+    p.worker.Post(kAbortJob);
+    ASSERT_TRUE(p.sink.WaitFor("study aborted", 1));
+    p.FinishRender();
+    ASSERT_TRUE(p.client.Render());  // free again
+    p.FinishRender();
 }
 
 TEST(WorkerProtocol, PointsArePackedWithoutSignExtension) {

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "render/tracer.h"
+
+namespace kirameki {
+
+// The rays of a bundle inside the stone, one lane each, handed from the tracer to the walk
+// (compiled for AVX2) and back. Lanes that are not alive are left as they are. The tracer
+// sets every lane before the walk, so nothing is initialised here.
+struct BundleWalk {
+    static constexpr int kLanes = kBundleRays;
+    using Lanes = std::array<double, kLanes>;
+
+    const TracerWorkAreas* work;
+    TracerBundleMemory* memory;
+    int depth;
+    double outerIndex;
+    std::array<double, 3> absorption;
+    alignas(32) Lanes px;
+    alignas(32) Lanes py;
+    alignas(32) Lanes pz;
+    alignas(32) Lanes dx;
+    alignas(32) Lanes dy;
+    alignas(32) Lanes dz;
+    alignas(32) Lanes stone;  // the stone index of each ray
+    alignas(32) Lanes eta;    // stone index / outer index
+    alignas(32) Lanes lift;   // the lift of the Fresnel curve
+    alignas(32) std::array<Lanes, 3> throughput;
+    alignas(32) std::array<Lanes, 3> light;
+    alignas(32) Lanes pathLength;
+    std::array<std::int64_t, kLanes> alive;  // -1 alive, 0 ended
+    std::array<int, kLanes> guesses;         // the faces remembered for each ray
+    std::array<int, kLanes> segments;
+};
+
+}  // namespace kirameki
