@@ -31,9 +31,10 @@ struct StepResult {
 // Runs the program with its output appended to the log, polling for an interruption.
 StepResult RunStep(const std::string& program, const std::vector<std::string>& arguments,
                    const std::string& log, const std::function<bool()>& interrupted) {
-    std::vector<char*> argv;
     std::vector<std::string> words = {program};
     words.insert(words.end(), arguments.begin(), arguments.end());
+    std::vector<char*> argv;
+    argv.reserve(words.size() + 1);
     for (std::string& word : words)
         argv.push_back(word.data());
     argv.push_back(nullptr);
