@@ -183,11 +183,13 @@ cp "$out/shot.png" "$out/kept.png"
 expect_status 2 settings --file "$out/shot.png" --rewrite
 cmp -s "$out/shot.png" "$out/kept.png" || { echo "FAIL: a PNG rewritten as settings"; failures=$((failures + 1)); }
 expect_status 2 settings --file "$out" --dump
-# A folder path in Shift-JIS, as an old settings file may hold: still valid JSON.
-python3 -c 'import sys; p=sys.argv[1]; d=bytearray(open(p,"rb").read()); i=d.index(b"/"); d[i+1:i+3]=b"\x82\xa0"; open(p,"wb").write(d)' "$out/Setting.ini"
+# A folder path in Shift-JIS and a refractive index that is no number, as an old or damaged
+# settings file may hold: still valid JSON.
+python3 -c 'import struct, sys; p=sys.argv[1]; d=bytearray(open(p,"rb").read()); i=d.index(b"/"); d[i+1:i+3]=b"\x82\xa0"
+struct.pack_into("<d", d, 16, float("nan")); open(p,"wb").write(d)' "$out/Setting.ini"
 expect_status 0 settings --file "$out/Setting.ini" --dump
-python3 -c 'import json,sys; s=json.load(open(sys.argv[1])); assert any("\ufffd" in v for v in s.values() if isinstance(v, str))' "$out/stdout" \
-  || { echo "FAIL: a Shift-JIS path in the settings JSON"; failures=$((failures + 1)); }
+python3 -c 'import json,sys; s=json.load(open(sys.argv[1])); assert s["refractiveIndex"] is None and any("\ufffd" in v for v in s.values() if isinstance(v, str))' "$out/stdout" \
+  || { echo "FAIL: a Shift-JIS path or a NaN in the settings JSON"; failures=$((failures + 1)); }
 
 # Designs as models and previews; every JSON valid whatever bytes its texts came in: a title in
 # Windows-1252 and a file name that is no UTF-8 at all.
