@@ -327,6 +327,18 @@ Top + Bottom and Left + Right must each be smaller than the image size.</source>
         <source>Compiling Animated-GIF</source>
         <translation>アニメーションGIFを作成中</translation>
     </message>
+    <message>
+        <source>There is no design beside the record (%1 is missing): the record&apos;s cut is used.</source>
+        <translation>記録の横にデザインがありません (%1 が見つかりません)。記録のカットを使います。</translation>
+    </message>
+    <message>
+        <source>The design beside the record cannot be opened: the record&apos;s cut is used.
+
+%1</source>
+        <translation>記録の横のデザインを開けません。記録のカットを使います。
+
+%1</translation>
+    </message>
 </context>
 <context>
     <name>kirameki::BackColorLightDialog</name>
@@ -1161,6 +1173,66 @@ Top + Bottom and Left + Right must each be smaller than the image size.</source>
         <source>A viewer and ray-tracing renderer for cut gemstones.</source>
         <translation>カットされた宝石のビューアー兼レイトレーシング・レンダラーです。</translation>
     </message>
+    <message>
+        <source>The design that was open at the last exit cannot be opened again; the cut list&apos;s stone is shown.
+
+%1</source>
+        <translation>前回の終了時に開いていたデザインを開けません。カットリストの石を表示します。
+
+%1</translation>
+    </message>
+    <message>
+        <source>Open Design... (&amp;O)</source>
+        <translation>デザインを開く... (&amp;O)</translation>
+    </message>
+    <message>
+        <source>Recent Designs (&amp;E)</source>
+        <translation>最近のデザイン (&amp;E)</translation>
+    </message>
+    <message>
+        <source>Design (&amp;D)...</source>
+        <translation>デザイン (&amp;D)...</translation>
+    </message>
+    <message>
+        <source>Open Design</source>
+        <translation>デザインを開く</translation>
+    </message>
+    <message>
+        <source>GemCad Design (*.asc)</source>
+        <translation>GemCad デザイン (*.asc)</translation>
+    </message>
+    <message>
+        <source>All Files (*)</source>
+        <translation>すべてのファイル (*)</translation>
+    </message>
+    <message>
+        <source>The design could not be opened.
+
+%1</source>
+        <translation>デザインを開けませんでした。
+
+%1</translation>
+    </message>
+    <message>
+        <source>This design was made for the refractive index %1.
+
+Use it instead of %2?</source>
+        <translation>このデザインは屈折率 %1 用に作られています。
+
+%2 の代わりにこの屈折率を使いますか?</translation>
+    </message>
+    <message>
+        <source>The design %1 is no longer there; it was taken off the list.</source>
+        <translation>デザイン %1 が見つかりません。一覧から外しました。</translation>
+    </message>
+    <message>
+        <source>Save Cutting Sheet</source>
+        <translation>カッティングシートの保存</translation>
+    </message>
+    <message>
+        <source>PDF (*.pdf)</source>
+        <translation>PDF (*.pdf)</translation>
+    </message>
 </context>
 <context>
     <name>kirameki::ProgressWindow</name>
@@ -1415,6 +1487,155 @@ Choose a stone, turn it, and press Ray-Trace.</source>
         <location filename="../src/ui/transformable_models_dialog.cpp" line="100"/>
         <source>26 hedron</source>
         <translation>26面体</translation>
+    </message>
+</context>
+<context>
+    <name>CuttingSheet</name>
+    <message>
+        <source>Length / width</source>
+        <translation>長さ / 幅</translation>
+    </message>
+    <message>
+        <source>Table</source>
+        <translation>テーブル</translation>
+    </message>
+    <message>
+        <source>Crown height</source>
+        <translation>クラウンの高さ</translation>
+    </message>
+    <message>
+        <source>Pavilion depth</source>
+        <translation>パビリオンの深さ</translation>
+    </message>
+    <message>
+        <source>Total depth</source>
+        <translation>全体の深さ</translation>
+    </message>
+    <message>
+        <source>Girdle thickness</source>
+        <translation>ガードルの厚さ</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>体積</translation>
+    </message>
+    <message>
+        <source>Gear %1, offset %2°, symmetry %3%4, refractive index %5</source>
+        <translation>インデックスギア %1、オフセット %2°、対称性 %3%4、屈折率 %5</translation>
+    </message>
+    <message>
+        <source> with mirror</source>
+        <translation>(鏡像対称あり)</translation>
+    </message>
+    <message>
+        <source>not given</source>
+        <translation>指定なし</translation>
+    </message>
+    <message>
+        <source>Crown</source>
+        <translation>クラウン</translation>
+    </message>
+    <message>
+        <source>Pavilion</source>
+        <translation>パビリオン</translation>
+    </message>
+    <message>
+        <source>Side</source>
+        <translation>側面</translation>
+    </message>
+    <message>
+        <source>Tier</source>
+        <translation>段</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>角度</translation>
+    </message>
+    <message>
+        <source>Indices</source>
+        <translation>インデックス</translation>
+    </message>
+    <message>
+        <source>Instruction</source>
+        <translation>指示</translation>
+    </message>
+    <message>
+        <source>(does not touch the stone)</source>
+        <translation>(石に接しない)</translation>
+    </message>
+    <message>
+        <source>Proportions (of the width)</source>
+        <translation>プロポーション (幅に対する比)</translation>
+    </message>
+</context>
+<context>
+    <name>kirameki::DesignWindow</name>
+    <message>
+        <source>Design</source>
+        <translation>デザイン</translation>
+    </message>
+    <message>
+        <source>Tier</source>
+        <translation>段</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>角度</translation>
+    </message>
+    <message>
+        <source>Indices</source>
+        <translation>インデックス</translation>
+    </message>
+    <message>
+        <source>Instruction</source>
+        <translation>指示</translation>
+    </message>
+    <message>
+        <source>Save PDF...</source>
+        <translation>PDF を保存...</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>This tier does not touch the stone.</source>
+        <translation>この段は石に接しません。</translation>
+    </message>
+    <message>
+        <source>Proportions (of the width)</source>
+        <translation>プロポーション (幅に対する比)</translation>
+    </message>
+    <message>
+        <source>The cutting sheet could not be saved.
+
+%1</source>
+        <translation>カッティングシートを保存できませんでした。
+
+%1</translation>
+    </message>
+    <message>
+        <source>The cutting sheet was saved.
+
+%1</source>
+        <translation>カッティングシートを保存しました。
+
+%1</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>Views cut gemstones and ray-traces their sparkle.</source>
+        <translation>カットされた宝石を表示し、その輝きをレイトレースします。</translation>
+    </message>
+    <message>
+        <source>A faceting design to open.</source>
+        <translation>開くファセットデザイン。</translation>
+    </message>
+    <message>
+        <source>Only one design can be opened at a time.</source>
+        <translation>一度に開けるデザインは一つだけです。</translation>
     </message>
 </context>
 </TS>

@@ -4,7 +4,10 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QStandardPaths>
+#include <QTimer>
 #include <QTranslator>
+#include <cstdio>
+#include <cstdlib>
 #include <string_view>
 
 #include "app/main_window.h"
@@ -18,14 +21,25 @@
 namespace {
 
 // --help and --version print and exit. They are answered before any window system is
-// opened, so they work without a display too.
-void AnswerHelpAndVersion(QCoreApplication& application) {
+// opened, so they work without a display too. Answers the design file named, if any.
+QString AnswerHelpAndVersion(QCoreApplication& application) {
     QCommandLineParser options;
     options.setApplicationDescription(
         QCoreApplication::translate("main", "Views cut gemstones and ray-traces their sparkle."));
     options.addHelpOption();
     options.addVersionOption();
+    options.addPositionalArgument("FILE.asc",
+                                  QCoreApplication::translate("main", "A faceting design to open."),
+                                  "[FILE.asc]");
     options.process(application);
+    const QStringList files = options.positionalArguments();
+    if (files.size() > 1) {
+        std::fprintf(stderr, "%s\n",
+                     qPrintable(QCoreApplication::translate(
+                         "main", "Only one design can be opened at a time.")));
+        std::exit(2);
+    }
+    return files.value(0);
 }
 
 bool AsksForHelpOrVersion(int argc, char** argv) {
@@ -62,7 +76,7 @@ int main(int argc, char** argv) {
     if (ourTranslator.load(QLocale(), "kirameki", "_", ":/i18n"))
         QApplication::installTranslator(&ourTranslator);
 
-    AnswerHelpAndVersion(application);  // refuses unknown options
+    const QString design = AnswerHelpAndVersion(application);  // refuses unknown options
 
     kirameki::QtPrompter prompter;
     kirameki::ViewerSession session(
@@ -81,5 +95,7 @@ int main(int argc, char** argv) {
     window.show();
     session.Start();
     session.Client().Post(kirameki::kRedrawPreview);
+    if (!design.isEmpty())
+        QTimer::singleShot(0, &window, [&window, design] { window.OpenDesign(design); });
     return application.exec();
 }

@@ -7,6 +7,10 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QDir>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileInfo>
 #include <QFontDatabase>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -16,12 +20,15 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QTextEdit>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <cstdio>
+#include <memory>
 
 #include "app/light_area.h"
 #include "app/light_performance_window.h"
@@ -33,7 +40,10 @@
 #include "model/stone_choice.h"
 #include "model/stone_tables.h"
 #include "output/messages.h"
+#include "scene/stone_source.h"
 #include "ui/back_color_light_dialog.h"
+#include "ui/cutting_sheet.h"
+#include "ui/design_window.h"
 #include "ui/general_settings_dialog.h"
 #include "ui/size_dialog.h"
 #include "ui/transformable_models_dialog.h"
@@ -56,6 +66,19 @@ QString NameOf(std::string_view english, std::string_view japanese) {
 
 QString IndexText(double index) {
     return QString::number(index, 'f', 2);
+}
+
+// The cut list's entry for the open design follows the cuts.
+constexpr int kDesignEntry = kCutListSize;
+
+// The first local file of a drag, if any.
+QString DraggedFile(const QMimeData* data) {
+    if (!data || !data->hasUrls())
+        return {};
+    for (const QUrl& url : data->urls())
+        if (url.isLocalFile())
+            return url.toLocalFile();
+    return {};
 }
 
 // The information panel's font: Verdana (a Japanese Gothic in Japanese) where installed,
@@ -88,7 +111,7 @@ bool TakesKeys(const QWidget* widget) {
 }  // namespace
 
 MainWindow::MainWindow(ViewerSession& session, FileChooser& files, QWidget* parent)
-    : QMainWindow(parent), session_(session) {
+    : QMainWindow(parent), session_(session), files_(files) {
     setWindowTitle(tr("Kirameki"));
     BuildMenus();
     auto* central = new QWidget(this);
@@ -111,8 +134,19 @@ MainWindow::MainWindow(ViewerSession& session, FileChooser& files, QWidget* pare
     ShowToggles();
     ConnectWorker();
     setFocusPolicy(Qt::StrongFocus);
+    setAcceptDrops(true);
     qApp->installEventFilter(this);
     resize(1040, 700);
+    if (const std::string notice = session_.TakeStartNotice(); !notice.empty()) {
+        // Told once the window is up, not from inside its construction.
+        QTimer::singleShot(0, this, [this, notice] {
+            session_.Prompts().Tell(tr("The design that was open at the last exit cannot be "
+                                       "opened again; the cut list's stone is shown.\n\n%1")
+                                        .arg(QString::fromStdString(notice))
+                                        .toStdString(),
+                                    true);
+        });
+    }
 }
 
 MainWindow::~MainWindow() {
@@ -124,6 +158,12 @@ MainWindow::~MainWindow() {
 void MainWindow::BuildMenus() {
     AppSettings& s = session_.Settings();
     QMenu* file = menuBar()->addMenu(tr("File(&F)"));
+    QAction* open = file->addAction(tr("Open Design... (&O)"), this, &MainWindow::ChooseDesign);
+    open->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_O));
+    recentMenu_ = file->addMenu(tr("Recent Designs (&E)"));
+    connect(recentMenu_, &QMenu::aboutToShow, this, &MainWindow::FillRecentMenu);
+    FillRecentMenu();
+    file->addSeparator();
     QAction* render = file->addAction(tr("Ray-Trace (&R)"), this, &MainWindow::RequestRender);
     render->setShortcuts({QKeySequence(Qt::Key_F5), QKeySequence(Qt::CTRL | Qt::Key_R)});
     QAction* abort =
@@ -149,6 +189,8 @@ void MainWindow::BuildMenus() {
         session_.Commit();
     });
     view->addSeparator();
+    designWindowAction_ =
+        view->addAction(tr("Design (&D)..."), this, &MainWindow::ShowDesignWindow);
     view->addAction(tr("Light Performance... (&P)"), this, &MainWindow::ShowLightPerformance);
 
     QMenu* colours = menuBar()->addMenu(tr("Polygon Color(&C)"));
@@ -224,7 +266,7 @@ QWidget* MainWindow::BuildControls() {
     stoneList_ = new QComboBox(stoneBox);
     cutList_ = new QComboBox(stoneBox);
     colourList_ = new QComboBox(stoneBox);
-    cutList_->setMaxVisibleItems(28);
+    cutList_->setMaxVisibleItems(kCutListSize + 1);  // the cuts and an open design
     indexField_ = new QLineEdit(stoneBox);
     indexField_->setMaxLength(8);
     grid->addWidget(new QLabel(tr("stone :"), stoneBox), 0, 0);
@@ -355,10 +397,13 @@ void MainWindow::FillLists() {
 
 void MainWindow::ShowChoice() {
     const AppSettings& s = session_.Settings();
+    ShowDesign();
     // A value no list holds (from a damaged settings file) shows no entry rather than a
     // wrong one; the render refuses it with a message.
     stoneList_->setCurrentIndex(IsStoneIndex(s.stone) ? s.stone : -1);
-    cutList_->setCurrentIndex(HasGenerator(s.model) ? s.model : -1);
+    cutList_->setCurrentIndex(session_.DesignShown()  ? kDesignEntry
+                              : HasGenerator(s.model) ? s.model
+                                                      : -1);
     colourList_->setCurrentIndex(IsColourIndex(s.stoneColour) ? s.stoneColour : -1);
     indexField_->setText(IndexText(s.refractiveIndex));
     choice_->setText(QString("%1 %2   %3 %4   %5 %6   %7 %8")
@@ -505,7 +550,11 @@ void MainWindow::SelectCut(int index) {
         return;
     }
     session_.Keyboard().Pause();
-    if (HasGenerator(index)) {
+    if (index == kDesignEntry && session_.Design()) {
+        session_.ShowDesign(true);
+        session_.Client().Post(kBuildModel);
+    } else if (HasGenerator(index)) {
+        session_.ShowDesign(false);
         session_.Settings().model = index;
         session_.Commit();
         session_.Client().Post(kBuildModel);
@@ -587,6 +636,131 @@ void MainWindow::ApplySettingWindow(SettingDialog& dialog, bool rebuild) {
     ShowToggles();
     // A rebuild redraws too; the other settings change only the look.
     session_.Client().Post(rebuild ? kBuildModel : kRedrawPreview);
+}
+
+void MainWindow::ShowDesign() {
+    const std::shared_ptr<const kirameki::OpenDesign>& design = session_.Design();
+    const QSignalBlocker block(cutList_);
+    const QString title = design ? DesignTitle(*design) : QString();
+    if (!design) {
+        while (cutList_->count() > kDesignEntry)
+            cutList_->removeItem(kDesignEntry);
+    } else if (cutList_->count() == kDesignEntry) {
+        cutList_->addItem(title);
+    } else {
+        cutList_->setItemText(kDesignEntry, title);
+    }
+    if (design)
+        cutList_->setItemData(kDesignEntry, QString::fromStdString(design->path), Qt::ToolTipRole);
+    designWindowAction_->setEnabled(design != nullptr);
+    if (designWindow_)
+        designWindow_->SetDesign(design);
+}
+
+void MainWindow::ChooseDesign() {
+    if (session_.Client().Busy())
+        return;
+    const std::vector<std::string>& recent = session_.Companion().recentDesigns;
+    const QString folder = recent.empty()
+                               ? QDir::homePath()
+                               : QFileInfo(QString::fromStdString(recent.front())).absolutePath();
+    const QString path = files_.Choose(this, false, tr("Open Design"),
+                                       {tr("GemCad Design (*.asc)"), tr("All Files (*)")}, folder,
+                                       {}, nullptr, "asc");
+    if (!path.isEmpty())
+        OpenDesign(path);
+}
+
+bool MainWindow::OpenDesign(const QString& path) {
+    if (session_.Client().Busy())
+        return false;
+    const QString absolute = QFileInfo(path).absoluteFilePath();
+    auto design = std::make_shared<kirameki::OpenDesign>();
+    std::string error;
+    if (!OpenDesignFile(absolute.toStdString(), *design, error)) {
+        session_.Prompts().Tell(tr("The design could not be opened.\n\n%1")
+                                    .arg(QString::fromStdString(error))
+                                    .toStdString(),
+                                true);
+        return false;
+    }
+    session_.Keyboard().Pause();
+    AppSettings& s = session_.Settings();
+    const double index = design->design.index;
+    if (RefractiveIndexInRange(index) && IndexText(index) != IndexText(s.refractiveIndex) &&
+        session_.Prompts().AskYesNo(tr("This design was made for the refractive index %1.\n\n"
+                                       "Use it instead of %2?")
+                                        .arg(IndexText(index), IndexText(s.refractiveIndex))
+                                        .toStdString(),
+                                    DefaultAnswer::kYes))
+        s.refractiveIndex = index;
+    session_.Companion().RememberDesign(absolute.toStdString());
+    session_.SetDesign(std::move(design), true);
+    session_.Commit();
+    session_.Client().Post(kBuildModel);
+    ShowChoice();
+    session_.Keyboard().Resume();
+    return true;
+}
+
+void MainWindow::OpenRecentDesign(const QString& path) {
+    if (QFileInfo::exists(path)) {
+        OpenDesign(path);
+        return;
+    }
+    session_.Companion().ForgetDesign(path.toStdString());
+    std::string error;
+    session_.SaveCompanion(error);
+    session_.Prompts().Tell(
+        tr("The design %1 is no longer there; it was taken off the list.").arg(path).toStdString(),
+        true);
+}
+
+void MainWindow::FillRecentMenu() {
+    recentMenu_->clear();
+    const std::vector<std::string> recent = session_.Companion().recentDesigns;
+    for (std::size_t i = 0; i < recent.size(); ++i) {
+        const QString path = QString::fromStdString(recent[i]);
+        QAction* action =
+            recentMenu_->addAction(QString("&%1 %2").arg(i + 1).arg(QFileInfo(path).fileName()),
+                                   this, [this, path] { OpenRecentDesign(path); });
+        action->setToolTip(path);
+        action->setStatusTip(path);
+    }
+    recentMenu_->setToolTipsVisible(true);
+    recentMenu_->setEnabled(!recent.empty());
+}
+
+void MainWindow::ShowDesignWindow() {
+    if (!session_.Design())
+        return;
+    if (!designWindow_) {
+        designWindow_ = new DesignWindow(
+            [this](QWidget* owner, const QString& suggested) {
+                return files_.Choose(owner, true, tr("Save Cutting Sheet"), {tr("PDF (*.pdf)")},
+                                     QFileInfo(suggested).absolutePath(), suggested, nullptr,
+                                     "pdf");
+            },
+            session_.Prompts(), this);
+    }
+    designWindow_->SetDesign(session_.Design());
+    designWindow_->show();
+    designWindow_->raise();
+    designWindow_->activateWindow();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (!DraggedFile(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    const QString path = DraggedFile(event->mimeData());
+    if (path.isEmpty())
+        return;
+    event->acceptProposedAction();
+    // The drag's source waits until the drop returns: the design opens after it.
+    QTimer::singleShot(0, this, [this, path] { OpenDesign(path); });
 }
 
 LightPerformanceWindow& MainWindow::LightPerformance() {
@@ -703,6 +877,8 @@ void MainWindow::closeEvent(QCloseEvent* event) {
                     "\n\n" + error,
                 true);
     }
+    if (!session_.SaveCompanion(error))
+        std::fprintf(stderr, "kirameki: %s\n", error.c_str());
     renderWindow_->close();
     event->accept();
 }

@@ -11,6 +11,7 @@ class QCheckBox;
 class QComboBox;
 class QLabel;
 class QLineEdit;
+class QMenu;
 class QPushButton;
 
 namespace kirameki {
@@ -18,6 +19,7 @@ namespace kirameki {
 class LightArea;
 class FileChooser;
 class OutputFlows;
+class DesignWindow;
 class SettingDialog;
 class RenderWindow;
 class LightPerformanceWindow;
@@ -54,6 +56,17 @@ class MainWindow : public QMainWindow {
     // The light performance window, made on first use.
     LightPerformanceWindow& LightPerformance();
 
+    // Opens a design file as the stone (the menu, a drop, the recent list and the command
+    // line all come here): a design that cannot be read is told with its line and changes
+    // nothing; one made for another refractive index offers it. False when not opened.
+    bool OpenDesign(const QString& path);
+    // A design of the recent list: one no longer there is taken off the list, with a message.
+    void OpenRecentDesign(const QString& path);
+    QAction& DesignWindowAction() { return *designWindowAction_; }
+    QMenu& RecentDesignsMenu() { return *recentMenu_; }
+    DesignWindow* CuttingTable() { return designWindow_; }
+    void ShowDesignWindow();
+
     // Closes without questions (the program was told to stop): a render is aborted, the
     // settings are written.
     void Terminate();
@@ -67,6 +80,8 @@ class MainWindow : public QMainWindow {
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
   private:
     void BuildMenus();
@@ -87,11 +102,19 @@ class MainWindow : public QMainWindow {
     void ReadBackIndex();
     void SetPanelToggle(bool objectWise, bool on);
     void ShowVersion();
+    void ChooseDesign();
+    void FillRecentMenu();
+    // The cut list's extra entry, the design window and its menu item as the open design is.
+    void ShowDesign();
     void ShowLightPerformance();
     void ApplySettingWindow(SettingDialog& dialog, bool rebuild);
     bool KeyEvent(QKeyEvent* event, bool down);
 
     ViewerSession& session_;
+    FileChooser& files_;
+    DesignWindow* designWindow_ = nullptr;
+    QAction* designWindowAction_ = nullptr;
+    QMenu* recentMenu_ = nullptr;
     ViewPanel* panel_ = nullptr;
     LightArea* lightArea_ = nullptr;
     RenderWindow* renderWindow_ = nullptr;

@@ -20,6 +20,7 @@
 #include "scene/gif_job.h"
 #include "scene/render_settings.h"
 #include "scene/screen_shot.h"
+#include "scene/stone_source.h"
 #include "ui/capture_header_dialog.h"
 #include "ui/gif_settings_dialog.h"
 
@@ -53,6 +54,12 @@ QString Tr(const char* text) {
     QT_TRANSLATE_NOOP("OutputFlows", "PNG 16bit HighColor (*.png)"),
     QT_TRANSLATE_NOOP("OutputFlows", "PNG 256 Colors (*.png)"),
     QT_TRANSLATE_NOOP("OutputFlows", "GIF 256 Colors (*.gif)"),
+    QT_TRANSLATE_NOOP("OutputFlows",
+                      "There is no design beside the record (%1 is missing): the record's cut "
+                      "is used."),
+    QT_TRANSLATE_NOOP("OutputFlows",
+                      "The design beside the record cannot be opened: the record's cut is "
+                      "used.\n\n%1"),
 };
 
 // The extension of a screen-shot filter (1..7) without its dot: "bmp", "png" or "gif".
@@ -175,9 +182,11 @@ void OutputFlows::SaveScreenShot(QWidget* owner) {
     AppSettings settings = session_.Settings();
     ViewState view = session_.Scene().ShownView();
     std::string error;
-    if (!kirameki::SaveScreenShot(
-            picture, path.toStdString(), PictureFormat(std::clamp(shotFilter_, 1, 7)),
-            {settings, view, capture_}, settings.writePositionInfo != 0, error)) {
+    const bool withRecord = settings.writePositionInfo != 0;
+    if (!kirameki::SaveScreenShot(picture, path.toStdString(),
+                                  PictureFormat(std::clamp(shotFilter_, 1, 7)),
+                                  {settings, view, capture_}, withRecord, error) ||
+        (withRecord && !WriteDesignBeside(session_.Stone(), path.toStdString(), error))) {
         Tell(QCoreApplication::translate("Messages", messages::kFailedToOpenFile).toStdString() +
                  "\n\n" + error,
              true);
@@ -187,6 +196,33 @@ void OutputFlows::SaveScreenShot(QWidget* owner) {
     RememberFolders();
     Tell(settings.writePositionInfo ? messages::kPictureAndPositionSaved
                                     : messages::kOnlyPictureSaved);
+}
+
+void OutputFlows::AdoptDesignBeside(const std::string& recordPath) {
+    const std::string beside = DesignBeside(recordPath);
+    std::error_code missing;
+    if (!std::filesystem::exists(beside, missing)) {
+        // A record holds no mark of a design: one shown now is what the user expects back.
+        if (session_.DesignShown())
+            Tell(Tr("There is no design beside the record (%1 is missing): the record's cut is "
+                    "used.")
+                     .arg(QString::fromStdString(beside))
+                     .toStdString(),
+                 true);
+        session_.ShowDesign(false);
+        return;
+    }
+    auto design = std::make_shared<OpenDesign>();
+    std::string error;
+    if (!OpenDesignFile(beside, *design, error)) {
+        Tell(Tr("The design beside the record cannot be opened: the record's cut is used.\n\n%1")
+                 .arg(QString::fromStdString(error))
+                 .toStdString(),
+             true);
+        session_.ShowDesign(false);
+        return;
+    }
+    session_.SetDesign(std::move(design), true);
 }
 
 void OutputFlows::AdoptScene(const AppSettings& read, const ViewState& view) {
@@ -233,7 +269,7 @@ std::optional<OutputFlows::OpenedRecord> OutputFlows::OpenRecord(bool captureFil
                   nullptr, "gpi");
     if (path.isEmpty())
         return std::nullopt;
-    OpenedRecord record{session_.Settings(), session_.Scene().ShownView(), capture_, {}};
+    OpenedRecord record{session_.Settings(), session_.Scene().ShownView(), capture_, {}, {}};
     SceneState scene{record.settings, record.view, record.capture};
     const RecordRead read = ReadCaptureInfo(path.toStdString(), scene, headerOnly);
     if (!read.opened) {
@@ -243,6 +279,7 @@ std::optional<OutputFlows::OpenedRecord> OutputFlows::OpenRecord(bool captureFil
     ChoosePath(path.toStdString(), block);
     RememberFolders();
     record.refused = read.refused;
+    record.path = path.toStdString();
     return record;
 }
 
@@ -254,6 +291,7 @@ void OutputFlows::RestorePosition() {
         return;
     // Reading overwrites the scene in place: the capture counts travel with it.
     capture_ = record->capture;
+    AdoptDesignBeside(record->path);
     AdoptScene(record->settings, record->view);
     if (!record->refused.empty())
         Tell(record->refused, true);
@@ -304,6 +342,10 @@ void OutputFlows::NewCapture() {
     // The record keeps the orientation of frame 0, whatever frame an abort stops at.
     runStart_ = session_.Scene().ShownView();
     WriteRecord(path.toStdString(), runStart_);
+    if (std::string error; !WriteDesignBeside(session_.Stone(), path.toStdString(), error))
+        Tell(QCoreApplication::translate("Messages", messages::kFailedToOpenFile).toStdString() +
+                 "\n\n" + error,
+             true);
     capture_.framesCaptured = RunCaptureWindow({0, false});
     WriteRecord(captureBlock_.fullPath + captureBlock_.extension, runStart_);
     TellCaptureEnd(session_.Settings().captureFrames);
@@ -349,6 +391,7 @@ void OutputFlows::ResumeCapture() {
     capture_ = capture;
     capture_.panelOverlay = 0;
     runStart_ = view;
+    AdoptDesignBeside(record->path);
     AdoptScene(settings, view);
     const int n = settings.captureFrames;
     const bool complete = capture_.framesCaptured == n;

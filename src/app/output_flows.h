@@ -61,6 +61,7 @@ class OutputFlows : public QObject {
         ViewState view;
         CaptureState capture;
         std::string refused;
+        std::string path;
     };
     std::optional<OpenedRecord> OpenRecord(bool captureFile, bool headerOnly, PathBlock& block);
 
@@ -74,6 +75,9 @@ class OutputFlows : public QObject {
     void TellCaptureEnd(int frameCount);
     // Says which frame, in loading order, is missing or damaged; else tells `otherwise`.
     void TellAnimationFailure(const GifJob& job, const std::string& otherwise);
+    // A record of a design has the design beside it: it becomes the stone. Without one (or
+    // with one that cannot be read, after saying so) the record's cut is the stone.
+    void AdoptDesignBeside(const std::string& recordPath);
     // Takes a record's scene into the viewer, refusing values no table holds.
     void AdoptScene(const AppSettings& read, const ViewState& view);
     void WriteRecord(const std::string& path, const ViewState& orientation);

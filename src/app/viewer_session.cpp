@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <utility>
 
 #include "model/model_parameters.h"
 #include "output/messages.h"
@@ -44,7 +45,55 @@ ViewerSession::ViewerSession(const ProgramPaths& paths, Prompter& prompter)
       settings_(LoadedSettings(paths, unreadableSettings_)),
       scene_(settings_),
       worker_(scene_, sink_, idle_),
-      client_(worker_, prompter_, idle_) {}
+      client_(worker_, prompter_, idle_),
+      companion_(LoadCompanionSettings(CompanionSettingsPath(paths.settingsFile))) {
+    ReopenDesign();
+}
+
+void ViewerSession::ReopenDesign() {
+    if (companion_.openDesign.empty())
+        return;
+    auto design = std::make_shared<OpenDesign>();
+    std::string error;
+    if (OpenDesignFile(companion_.openDesign, *design, error)) {
+        design_ = std::move(design);
+        designShown_ = companion_.designShown;
+        scene_.SetStone(Stone());
+        return;
+    }
+    // Said once: the next start does not look for it again.
+    startNotice_ = error;
+    SetDesign(nullptr, false);
+    if (!SaveCompanion(error))
+        std::fprintf(stderr, "kirameki: %s\n", error.c_str());
+}
+
+StoneSource ViewerSession::Stone() const {
+    return DesignShown() ? StoneSource{design_} : StoneSource{};
+}
+
+void ViewerSession::SetDesign(std::shared_ptr<const OpenDesign> design, bool shown) {
+    const bool changed = design != design_ || (design && shown != designShown_);
+    design_ = std::move(design);
+    designShown_ = design_ && shown;
+    scene_.SetStone(Stone());
+    companion_.openDesign = design_ ? design_->path : std::string();
+    companion_.designShown = designShown_;
+    std::string error;
+    if (changed && !SaveCompanion(error))
+        std::fprintf(stderr, "kirameki: %s\n", error.c_str());
+}
+
+bool ViewerSession::SaveCompanion(std::string& error) {
+    std::error_code ignored;
+    std::filesystem::create_directories(std::filesystem::path(paths_.settingsFile).parent_path(),
+                                        ignored);
+    return SaveCompanionSettings(CompanionSettingsPath(paths_.settingsFile), companion_, error);
+}
+
+std::string ViewerSession::TakeStartNotice() {
+    return std::exchange(startNotice_, {});
+}
 
 ViewerSession::~ViewerSession() {
     Stop();

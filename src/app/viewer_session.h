@@ -4,6 +4,7 @@
 #include <string>
 
 #include "app/qt_worker_sink.h"
+#include "output/companion_settings.h"
 #include "scene/program_paths.h"
 #include "worker/key_state.h"
 #include "worker/keyboard_thread.h"
@@ -39,6 +40,21 @@ class ViewerSession {
     // crash); a failed write says "Failed to open file.".
     void Persist();
 
+    // The open design (the extra entry of the cut list; null: none) and whether it is the
+    // stone rather than the settings' cut. The worker takes a change with its next command;
+    // the companion file keeps it for the next start.
+    const std::shared_ptr<const OpenDesign>& Design() const { return design_; }
+    bool DesignShown() const { return design_ && designShown_; }
+    StoneSource Stone() const;
+    void SetDesign(std::shared_ptr<const OpenDesign> design, bool shown);
+    void ShowDesign(bool shown) { SetDesign(design_, shown); }
+
+    // The companion settings (the recent designs); SaveCompanion writes them now.
+    CompanionSettings& Companion() { return companion_; }
+    bool SaveCompanion(std::string& error);
+    // Why the design open at the last exit could not be opened again, once; else empty.
+    std::string TakeStartNotice();
+
     const ProgramPaths& Paths() const { return paths_; }
     SharedScene& Scene() { return scene_; }
     QtWorkerSink& Sink() { return sink_; }
@@ -49,6 +65,8 @@ class ViewerSession {
 
   private:
     class KeyboardPoster;
+
+    void ReopenDesign();
 
     ProgramPaths paths_;
     std::string unreadableSettings_;  // why the settings file could not be read; then kept
@@ -63,6 +81,10 @@ class ViewerSession {
     std::unique_ptr<KeyboardPoster> poster_;
     std::unique_ptr<KeyboardThread> keyboard_;
     bool started_ = false;
+    CompanionSettings companion_;
+    std::shared_ptr<const OpenDesign> design_;
+    bool designShown_ = false;
+    std::string startNotice_;
 };
 
 }  // namespace kirameki

@@ -12,6 +12,16 @@ void SharedScene::UpdateSettings(const std::function<void(AppSettings&)>& change
     change(settings_);
 }
 
+StoneSource SharedScene::Stone() const {
+    std::lock_guard lock(mutex_);
+    return stone_;
+}
+
+void SharedScene::SetStone(const StoneSource& stone) {
+    std::lock_guard lock(mutex_);
+    stone_ = stone;
+}
+
 PanelSize SharedScene::Panel() const {
     std::lock_guard lock(mutex_);
     return panel_;

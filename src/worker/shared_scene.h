@@ -10,6 +10,7 @@
 #include "output/gif_files.h"
 #include "render/frame_image.h"
 #include "render/view_state.h"
+#include "scene/stone_source.h"
 
 namespace kirameki {
 
@@ -29,6 +30,11 @@ class SharedScene {
 
     AppSettings Settings() const;
     void UpdateSettings(const std::function<void(AppSettings&)>& change);
+
+    // Where the stone comes from: a design when one is shown, else the settings' cut. The
+    // design itself never changes once opened, so sharing it is safe.
+    StoneSource Stone() const;
+    void SetStone(const StoneSource& stone);
 
     PanelSize Panel() const;
     void SetPanel(PanelSize panel);
@@ -59,6 +65,7 @@ class SharedScene {
   private:
     mutable std::mutex mutex_;
     AppSettings settings_;
+    StoneSource stone_;
     PanelSize panel_;
     std::optional<ViewState> requestedView_;
     ViewState shownView_ = InitialViewState();

@@ -62,7 +62,8 @@ Worker::~Worker() {
 
 void Worker::Start() {
     settings_ = scene_.Settings();
-    BuildSceneModel(settings_, *model_);
+    stone_ = scene_.Stone();
+    BuildSceneModel(settings_, stone_, *model_);
     TransformVertices(view_, *model_);
     thread_ = std::thread([this] { Run(); });
 }
@@ -90,6 +91,7 @@ void Worker::Dispatch(const ThreadMessage& message) {
     const int command = message.wParam;
     const int argument = message.lParam;
     settings_ = scene_.Settings();
+    stone_ = scene_.Stone();
     AdoptRequestedView();
     switch (command) {
         case kRedrawPreview:
@@ -97,7 +99,7 @@ void Worker::Dispatch(const ThreadMessage& message) {
             Redraw();
             break;
         case kBuildModel:
-            BuildSceneModel(settings_, *model_);
+            BuildSceneModel(settings_, stone_, *model_);
             Redraw();
             break;
         case kRenderFrame:
@@ -288,7 +290,7 @@ void Worker::ResetOrientation() {
 }
 
 void Worker::CaptureFrames(const CaptureRun& run) {
-    BuildSceneModel(settings_, *model_);
+    BuildSceneModel(settings_, stone_, *model_);
     CaptureForwarder observer(sink_, [this] { Redraw(); });
     RenderForwarder forward(sink_);
     // The window thread checks the scene first; a damaged one draws nothing.

@@ -71,6 +71,7 @@ class Worker {
     std::thread thread_;
 
     AppSettings settings_;  // the copy taken at the start of the command under way
+    StoneSource stone_;     // taken with the settings
     std::unique_ptr<GemModel> model_ = std::make_unique<GemModel>();
     std::unique_ptr<TracerWorkAreas> work_ = std::make_unique<TracerWorkAreas>();
     RenderThreads renderThreads_;  // kept from frame to frame
