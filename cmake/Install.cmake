@@ -1,6 +1,7 @@
 # What `cmake --install` puts in place: the viewer and kirameki-cli in bin/, the desktop entry,
 # the icon (SVG and PNG sizes 16 to 512 rendered from it at build time), the AppStream data,
-# the manual pages and the package's copyright and changelog. The Japanese translation is
+# the manual pages, the bash completion of kirameki-cli and the package's copyright and
+# changelog. The Japanese translation is
 # compiled into the viewer, where it looks for it first.
 include(GNUInstallDirs)
 
@@ -25,6 +26,9 @@ add_custom_target(kirameki_data_files ALL DEPENDS ${kirameki_compressed})
 
 install(TARGETS kirameki-cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES ${kirameki_generated}/kirameki-cli.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+# Where bash-completion loads a command's completion from when it is first completed.
+install(FILES ${kirameki_data}/kirameki-cli.bash-completion
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME kirameki-cli)
 install(FILES ${kirameki_data}/copyright ${kirameki_generated}/changelog.gz
         DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/kirameki)
 

@@ -42,8 +42,9 @@ StepResult RunStep(const std::string& program, const std::vector<std::string>& a
     posix_spawn_file_actions_t files;
     posix_spawn_file_actions_init(&files);
     posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    // Not close-on-exec: the child writes its standard output there too.
     posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, log.c_str(),
-                                     O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0644);
+                                     O_WRONLY | O_CREAT | O_APPEND, 0644);
     posix_spawn_file_actions_adddup2(&files, STDOUT_FILENO, STDERR_FILENO);
     // The signal watcher blocks the stop signals in this process; the child must see them.
     posix_spawnattr_t attributes;

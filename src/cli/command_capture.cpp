@@ -1,3 +1,5 @@
+#include <CLI/App.hpp>
+#include <CLI/Option.hpp>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -7,6 +9,7 @@
 #include "cli/signal_watcher.h"
 #include "cli/terminal_progress.h"
 #include "model/model_builder.h"
+#include "output/atomic_file.h"
 #include "output/capture_info.h"
 #include "output/capture_loop.h"
 #include "output/gif_compiler.h"
@@ -39,45 +42,34 @@ class ProgressObserver : public CaptureObserver {
     TerminalProgress bar_{"capturing"};
 };
 
-}  // namespace
-
-int RunCapture(Arguments& args) {
-    SignalWatcher signals;
+struct CaptureOptions {
     SceneArguments scene;
     std::string sqi;
     int frames = 0;
-    bool resume = false, checkExistence = false, sceneFlags = false, settingsFile = false,
-         depthGiven = false;
-    while (!args.Done()) {
-        const std::string_view flag = args.Flag();
-        if (flag == "--sqi") {
-            sqi = args.Value(flag);
-        } else if (flag == "--frames") {
-            frames = args.IntValue(flag, 1, 100000);
-        } else if (flag == "--resume") {
-            resume = true;
-        } else if (flag == "--check-existence") {
-            checkExistence = true;
-        } else if (scene.Take(flag, args)) {
-            // What the record does not hold (the depth) may come with a resume too.
-            const bool outsideRecord = flag == "--threads" || flag == "--depth";
-            settingsFile = settingsFile || flag == "--settings";
-            depthGiven = depthGiven || flag == "--depth";
-            sceneFlags = sceneFlags || !(outsideRecord || flag == "--settings");
-        } else {
-            throw UsageError("capture: unknown option " + std::string(flag));
-        }
+    bool resume = false, checkExistence = false;
+};
+
+int RunCaptureCommand(CaptureOptions& o, const CLI::App& app) {
+    SignalWatcher signals;
+    SceneArguments& scene = o.scene;
+    const std::string& sqi = o.sqi;
+    const bool resume = o.resume, checkExistence = o.checkExistence;
+    bool sceneFlags = false, settingsFile = false, depthGiven = false;
+    for (const auto& [flag, value] : scene.Given(app)) {
+        // What the record does not hold (the depth) may come with a resume too.
+        const bool outsideRecord = flag == "--threads" || flag == "--depth";
+        settingsFile = settingsFile || flag == "--settings";
+        depthGiven = depthGiven || flag == "--depth";
+        sceneFlags = sceneFlags || !(outsideRecord || flag == "--settings");
     }
-    if (sqi.empty())
-        throw UsageError(
-            "usage: kirameki-cli capture --sqi FILE.sqi [--frames N] [scene flags] | "
-            "--sqi FILE.sqi --resume [--check-existence]");
-    if (resume && (sceneFlags || frames))
+    RefuseStandardOutput("--sqi", sqi);
+    if (resume && (sceneFlags || o.frames))
         throw UsageError(
             "a resumed capture takes its scene from the capture file (only --settings, --depth "
             "and --threads go with --resume)");
     if (!resume && checkExistence)
         throw UsageError("--check-existence goes with --resume");
+    scene.Apply(app);
 
     PathBlock block;
     ChoosePath(sqi, block);
@@ -106,8 +98,8 @@ int RunCapture(Arguments& args) {
         if (checkExistence)
             scene.capture.existenceCheck = 1;  // a later resume checks again
     } else {
-        if (frames)
-            scene.settings.captureFrames = frames;
+        if (o.frames)
+            scene.settings.captureFrames = o.frames;
         scene.capture = {};
     }
     scene.Parameters();  // refuses a scene no table holds
@@ -156,37 +148,24 @@ int RunCapture(Arguments& args) {
     return 0;
 }
 
-int RunGif(Arguments& args) {
-    SceneArguments scene;
-    std::string sqi, out;
-    int delay = -1, direction = -1;
+struct GifOptions {
+    std::string sqi, out, settings;
+    int delay = -1;
+    bool clockwise = false;
     AnimationFormat format;
-    while (!args.Done()) {
-        const std::string_view flag = args.Flag();
-        if (flag == "--sqi") {
-            sqi = args.Value(flag);
-        } else if (flag == "--webp") {
-            format.webp = true;
-        } else if (flag == "--quality") {
-            format.webpQuality = args.IntValue(flag, 0, 100);
-        } else if (flag == "--out") {
-            out = args.Value(flag);
-        } else if (flag == "--delay") {
-            delay = args.IntValue(flag, 0, 65535);
-        } else if (flag == "--clockwise") {
-            direction = 1;
-        } else if (flag == "--settings") {
-            scene.settings = LoadSettingsArgument(args.Value(flag));
-        } else {
-            throw UsageError("gif: unknown option " + std::string(flag));
-        }
-    }
-    if (sqi.empty() || out.empty())
-        throw UsageError(
-            "usage: kirameki-cli gif --sqi FILE.sqi --out FILE [--delay T] "
-            "[--clockwise] [--settings FILE] [--webp [--quality Q]]");
+};
+
+int RunGifCommand(GifOptions& o) {
+    SceneArguments scene;
+    if (!o.settings.empty())
+        scene.settings = LoadSettingsArgument(o.settings);
+    const AnimationFormat& format = o.format;
     if (format.webpQuality >= 0 && !format.webp)
         throw UsageError("gif: --quality is for --webp");
+    int delay = o.delay;
+    int direction = o.clockwise ? 1 : -1;
+    const std::string& sqi = o.sqi;
+    const std::string& out = o.out;
     if (delay < 0)
         delay = scene.settings.gifTimeWeight;
     if (direction < 0)
@@ -207,8 +186,47 @@ int RunGif(Arguments& args) {
         std::cerr << message << "\n";
         return compiled == GifCompiled::kFrameProblem ? 2 : 1;
     }
-    std::cout << message << "\n";
+    // The message goes where it does not mix with the animation.
+    (out == kStandardOutput ? std::cerr : std::cout) << message << "\n";
     return 0;
+}
+
+}  // namespace
+
+Command AddCapture(CLI::App& program) {
+    CLI::App* app = program.add_subcommand(
+        "capture",
+        "capture a full turn of the stone as numbered GIF frames, or resume one; "
+        "Ctrl-C aborts (exit 3)");
+    auto o = std::make_shared<CaptureOptions>();
+    AddText(*app, "--sqi", &o->sqi, "FILE.sqi",
+            "the capture record; the frames go beside it as STEM_F[n].gif")
+        ->required();
+    AddInt(*app, "--frames", &o->frames, 1, 100000, "frames in the turn (default: the settings')");
+    app->add_flag("--resume", o->resume,
+                  "carry on where the record says the capture stopped, with its scene");
+    app->add_flag("--check-existence", o->checkExistence,
+                  "with --resume: redraw every frame that is missing or damaged");
+    o->scene.AddFlags(*app);
+    return {app, [o, app] { return RunCaptureCommand(*o, *app); }};
+}
+
+Command AddGif(CLI::App& program) {
+    CLI::App* app = program.add_subcommand(
+        "gif", "compile a complete capture into an animated GIF, or an animated WebP");
+    auto o = std::make_shared<GifOptions>();
+    AddText(*app, "--sqi", &o->sqi, "FILE.sqi", "the capture record")->required();
+    AddText(*app, "--out", &o->out, "FILE", "the animation ('-': standard output)")->required();
+    AddInt(*app, "--delay", &o->delay, 0, 65535,
+           "hundredths of a second a frame (default: the settings' time weight)")
+        ->type_name("T");
+    app->add_flag("--clockwise", o->clockwise, "turn clockwise (default: the settings' direction)");
+    AddText(*app, "--settings", &o->settings, "FILE", "take the defaults from this settings file");
+    app->add_flag("--webp", o->format.webp, "an animated WebP in full colour instead of a GIF");
+    AddInt(*app, "--quality", &o->format.webpQuality, 0, 100,
+           "with --webp: lossy at this quality (default: lossless)")
+        ->type_name("Q");
+    return {app, [o] { return RunGifCommand(*o); }};
 }
 
 }  // namespace kirameki::cli

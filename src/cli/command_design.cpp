@@ -1,9 +1,13 @@
+#include <CLI/App.hpp>
+#include <CLI/Option.hpp>
 #include <iostream>
 #include <memory>
+#include <nlohmann/json.hpp>
 #include <string>
 
 #include "cli/commands.h"
-#include "cli/json_writer.h"
+#include "cli/json_output.h"
+#include "cli/options.h"
 #include "model/design_export.h"
 #include "model/model_builder.h"
 #include "model/stone_tables.h"
@@ -14,55 +18,45 @@ namespace kirameki::cli {
 
 namespace {
 
-std::string JsonStrings(const std::vector<std::string>& texts) {
-    std::string out = "[";
-    for (std::size_t i = 0; i < texts.size(); ++i)
-        out += (i ? "," : "") + JsonString(texts[i]);
-    return out + "]";
-}
-
-std::string JsonNumbers(const std::vector<double>& values) {
-    std::string out = "[";
-    for (std::size_t i = 0; i < values.size(); ++i)
-        out += (i ? "," : "") + JsonNumber(values[i]);
-    return out + "]";
-}
-
-void PrintJson(const OpenDesign& open) {
+void PrintDesign(const OpenDesign& open) {
     const Design& d = open.design;
     const std::vector<DesignPlane> planes = DesignPlanes(d);
-    std::string out =
-        "{\"titles\":" + JsonStrings(d.titles) + ",\n\"footnotes\":" + JsonStrings(d.footnotes) +
-        ",\n\"gear\":" + std::to_string(d.gear) + ",\"offset\":" + JsonNumber(d.offset) +
-        ",\"symmetry\":" + std::to_string(d.symmetry) +
-        ",\"mirror\":" + (d.mirror ? "true" : "false") + ",\"index\":" + JsonNumber(d.index) +
-        ",\n\"tiers\":[";
+    Json tiers = Json::array();
     for (std::size_t t = 0; t < d.tiers.size(); ++t) {
         const DesignTier& tier = d.tiers[t];
-        std::string touching = "[";
-        for (std::size_t p = 0, k = 0; p < planes.size(); ++p)
+        Json touching = Json::array();
+        for (std::size_t p = 0; p < planes.size(); ++p)
             if (planes[p].tier == int(t))
-                touching +=
-                    std::string(k++ ? "," : "") + (open.solid.touching[p] ? "true" : "false");
-        out +=
-            std::string(t ? ",\n" : "\n") + "{\"line\":" + std::to_string(tier.line) +
-            ",\"angle\":" + JsonNumber(tier.below ? -tier.angle : tier.angle) +
-            ",\"below\":" + (tier.below ? "true" : "false") +
-            ",\"distance\":" + JsonNumber(tier.distance) +
-            ",\"indices\":" + JsonNumbers(tier.indices) + ",\"names\":" + JsonStrings(tier.names) +
-            ",\"instruction\":" + JsonString(tier.instruction) + ",\"touching\":" + touching + "]}";
+                touching.push_back(bool(open.solid.touching[p]));
+        tiers.push_back({{"line", tier.line},
+                         {"angle", tier.below ? -tier.angle : tier.angle},
+                         {"below", tier.below},
+                         {"distance", tier.distance},
+                         {"indices", tier.indices},
+                         {"names", tier.names},
+                         {"instruction", tier.instruction},
+                         {"touching", std::move(touching)}});
     }
     const DesignProportions p = MeasureProportions(d, open.solid);
-    out += "],\n\"proportions\":{\"lengthToWidth\":" + JsonNumber(p.lengthToWidth) +
-           ",\"table\":" + JsonNumber(p.table) + ",\"crownHeight\":" + JsonNumber(p.crownHeight) +
-           ",\"pavilionDepth\":" + JsonNumber(p.pavilionDepth) +
-           ",\"totalDepth\":" + JsonNumber(p.totalDepth) +
-           ",\"girdleThickness\":" + JsonNumber(p.girdleThickness) +
-           ",\"volume\":" + JsonNumber(p.volume) +
-           "},\n\"vertices\":" + std::to_string(open.solid.vertices.size()) +
-           ",\"faces\":" + std::to_string(open.solid.faces.size()) +
-           ",\"notes\":" + JsonStrings(open.solid.notes) + "}\n";
-    std::cout << out;
+    PrintJson({{"titles", d.titles},
+               {"footnotes", d.footnotes},
+               {"gear", d.gear},
+               {"offset", d.offset},
+               {"symmetry", d.symmetry},
+               {"mirror", d.mirror},
+               {"index", d.index},
+               {"tiers", std::move(tiers)},
+               {"proportions",
+                {{"lengthToWidth", p.lengthToWidth},
+                 {"table", p.table},
+                 {"crownHeight", p.crownHeight},
+                 {"pavilionDepth", p.pavilionDepth},
+                 {"totalDepth", p.totalDepth},
+                 {"girdleThickness", p.girdleThickness},
+                 {"volume", p.volume}}},
+               {"vertices", open.solid.vertices.size()},
+               {"faces", open.solid.faces.size()},
+               {"notes", open.solid.notes}});
 }
 
 bool WriteText(const std::string& path, const std::string& text) {
@@ -78,32 +72,21 @@ bool WriteText(const std::string& path, const std::string& text) {
     return false;
 }
 
-}  // namespace
-
-int RunDesign(Arguments& args) {
+struct DesignOptions {
     std::string in, out;
     bool json = false;
     int cut = -1, gear = 96;
-    while (!args.Done()) {
-        const std::string_view flag = args.Flag();
-        if (flag == "--in") {
-            in = args.Value(flag);
-        } else if (flag == "--out") {
-            out = args.Value(flag);
-        } else if (flag == "--json") {
-            json = true;
-        } else if (flag == "--cut") {
-            cut = args.IntValue(flag, 0, kCutListSize - 1);
-        } else if (flag == "--gear") {
-            gear = args.IntValue(flag, 1, 720);
-        } else {
-            throw UsageError("design: unknown option " + std::string(flag));
-        }
-    }
+};
+
+int RunDesign(const DesignOptions& o) {
+    const std::string& in = o.in;
+    const std::string& out = o.out;
+    const bool json = o.json;
+    const int cut = o.cut, gear = o.gear;
     if (in.empty() == (cut < 0) || (json == !out.empty()) || (cut >= 0 && json))
         throw UsageError(
-            "usage: kirameki-cli design --in FILE.asc (--json | --out FILE.asc) | --cut K --out "
-            "FILE.asc [--gear N]");
+            "design takes --in FILE.asc with --json or --out FILE.asc, or --cut K with --out "
+            "FILE.asc");
     if (cut >= 0) {
         if (!HasGenerator(cut))
             throw UsageError("--cut 22 is the separator line of the cut list");
@@ -121,10 +104,29 @@ int RunDesign(Arguments& args) {
     if (!OpenDesignFile(in, open, error))
         throw UsageError(error);
     if (json) {
-        PrintJson(open);
+        PrintDesign(open);
         return 0;
     }
     return WriteText(out, WriteDesignText(open.design)) ? 0 : 1;
+}
+
+}  // namespace
+
+Command AddDesign(CLI::App& program) {
+    CLI::App* app = program.add_subcommand(
+        "design",
+        "read a GemCad faceting design (.asc) and print or write it, or write a "
+        "built-in cut as a design");
+    auto o = std::make_shared<DesignOptions>();
+    AddText(*app, "--in", &o->in, "FILE.asc", "the design to read");
+    app->add_flag("--json", o->json,
+                  "print the design, which facets touch the stone and its proportions as JSON");
+    AddText(*app, "--out", &o->out, "FILE.asc", "write the design ('-': standard output)");
+    AddInt(*app, "--cut", &o->cut, 0, kCutListSize - 1,
+           "write this entry of the cut list (not 22) as a design")
+        ->type_name("K");
+    AddInt(*app, "--gear", &o->gear, 1, 720, "with --cut: the index gear's teeth (default 96)");
+    return {app, [o] { return RunDesign(*o); }};
 }
 
 }  // namespace kirameki::cli

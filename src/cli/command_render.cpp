@@ -1,3 +1,5 @@
+#include <CLI/App.hpp>
+#include <CLI/Option.hpp>
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -9,6 +11,7 @@
 #include "cli/commands.h"
 #include "cli/scene_arguments.h"
 #include "model/model_builder.h"
+#include "output/atomic_file.h"
 #include "output/capture_info.h"
 #include "output/path_block.h"
 #include "output/picture_writers.h"
@@ -30,37 +33,24 @@ class SilentSink : public RenderSink {
     void RenderFinished() override {}
 };
 
-}  // namespace
-
-int RunRender(Arguments& args) {
+struct RenderOptions {
     SceneArguments scene;
     std::string out;
     int repeat = 1;
     int format = 0;
     bool positionInfo = false;
-    while (!args.Done()) {
-        const std::string_view flag = args.Flag();
-        if (scene.Take(flag, args))
-            continue;
-        if (flag == "--out") {
-            out = args.Value(flag);
-        } else if (flag == "--repeat") {
-            repeat = args.IntValue(flag, 1, 1000);
-        } else if (flag == "--format") {
-            format = args.IntValue(flag, 1, 7);
-        } else if (flag == "--position-info") {
-            positionInfo = true;
-        } else {
-            throw UsageError("render: unknown option " + std::string(flag));
-        }
-    }
-    if (out.empty())
-        throw UsageError("usage: kirameki-cli render --out FILE [scene flags]");
-    if (format == 0) {
-        const auto byExtension = PictureFormatForExtension(out);
+};
+
+int RunRender(RenderOptions& o, const CLI::App& app) {
+    SceneArguments& scene = o.scene;
+    scene.Apply(app);
+    if (o.positionInfo)
+        RefuseStandardOutput("--position-info", o.out);
+    if (o.format == 0) {
+        const auto byExtension = PictureFormatForExtension(o.out);
         if (!byExtension)
-            throw UsageError("--format is needed for " + out + " (1..7)");
-        format = int(*byExtension);
+            throw UsageError("--format is needed for " + o.out + " (1..7)");
+        o.format = int(*byExtension);
     }
     const RenderParameters parameters = scene.Parameters();
 
@@ -75,7 +65,7 @@ int RunRender(Arguments& args) {
     FrameImage image;
     SilentSink sink;
     std::vector<double> times;
-    for (int i = 0; i < repeat; ++i) {
+    for (int i = 0; i < o.repeat; ++i) {
         const auto start = std::chrono::steady_clock::now();
         RenderFrame(parameters, *model, view.LightDirection, geometry, *work, image, sink, {});
         times.push_back(
@@ -84,13 +74,33 @@ int RunRender(Arguments& args) {
     }
     std::nth_element(times.begin(), times.begin() + times.size() / 2, times.end());
     std::string error;
-    if (!SaveScreenShot(image, out, PictureFormat(format), scene.Scene(), positionInfo, error) ||
-        (positionInfo && !WriteDesignBeside(scene.stone, out, error))) {
+    if (!SaveScreenShot(image, o.out, PictureFormat(o.format), scene.Scene(), o.positionInfo,
+                        error) ||
+        (o.positionInfo && !WriteDesignBeside(scene.stone, o.out, error))) {
         std::cerr << "kirameki-cli: " << error << "\n";
         return 1;
     }
-    std::printf("frame: %.1f ms\n", times[times.size() / 2]);
+    // The time goes where it does not mix with the picture.
+    std::fprintf(o.out == kStandardOutput ? stderr : stdout, "frame: %.1f ms\n",
+                 times[times.size() / 2]);
     return 0;
+}
+
+}  // namespace
+
+Command AddRender(CLI::App& program) {
+    CLI::App* app = program.add_subcommand(
+        "render", "ray-trace one frame of the scene into a picture; prints the time it took");
+    auto o = std::make_shared<RenderOptions>();
+    AddText(*app, "--out", &o->out, "FILE", "the picture ('-': standard output)")->required();
+    AddInt(*app, "--format", &o->format, 1, 7,
+           "1 BMP 24-bit, 2 BMP 16-bit, 3 BMP 256 colours, 4 PNG 24-bit, 5 PNG 16-bit, 6 PNG 256 "
+           "colours, 7 GIF (default: from the extension)");
+    app->add_flag("--position-info", o->positionInfo,
+                  "write the Position-Info record beside the picture (its stem + .gpi)");
+    AddInt(*app, "--repeat", &o->repeat, 1, 1000, "render N times and print the median time");
+    o->scene.AddFlags(*app);
+    return {app, [o, app] { return RunRender(*o, *app); }};
 }
 
 }  // namespace kirameki::cli

@@ -1,9 +1,12 @@
-#include <filesystem>
+#include <CLI/App.hpp>
+#include <CLI/Option.hpp>
 #include <iostream>
+#include <nlohmann/json.hpp>
 #include <string>
 
 #include "cli/commands.h"
-#include "cli/json_writer.h"
+#include "cli/json_output.h"
+#include "cli/options.h"
 #include "cli/scene_arguments.h"
 #include "output/app_settings.h"
 #include "output/settings_layout.h"
@@ -13,80 +16,80 @@ namespace kirameki::cli {
 
 namespace {
 
-template <typename T, std::size_t N>
-std::string JsonArray(const std::array<T, N>& values) {
-    std::string out = "[";
-    for (std::size_t i = 0; i < N; ++i)
-        out += (i ? "," : "") + std::to_string(values[i]);
-    return out + "]";
-}
+struct SettingsOptions {
+    std::string file;
+    bool dump = false, writeDefaults = false, rewrite = false;
+};
 
 // One field of the settings file as JSON, by its type.
-std::string JsonValue(double value) {
-    return JsonNumber(value);
+Json JsonValue(double value) {
+    return value;
 }
-std::string JsonValue(std::int32_t value) {
-    return std::to_string(value);
+Json JsonValue(std::int32_t value) {
+    return value;
 }
-std::string JsonValue(std::uint8_t value) {
-    return std::to_string(value);
+Json JsonValue(std::uint8_t value) {
+    return value;
 }
-std::string JsonValue(const PathBuffer& path) {
-    return JsonString(PathText(path));
+Json JsonValue(const PathBuffer& path) {
+    return PathText(path);
 }
-std::string JsonValue(const Trim& trim) {
-    return JsonArray(
-        std::array{trim.top, trim.bottom, trim.left, trim.right, trim.on, trim.lastSetting});
+Json JsonValue(const Trim& trim) {
+    return {trim.top, trim.bottom, trim.left, trim.right, trim.on, trim.lastSetting};
 }
 template <typename T, std::size_t N>
-std::string JsonValue(const std::array<T, N>& values) {
-    return JsonArray(values);
+Json JsonValue(const std::array<T, N>& values) {
+    Json array = Json::array();
+    for (const T& value : values)
+        array.push_back(JsonValue(value));
+    return array;
 }
 
 void Dump(const AppSettings& s) {
-    std::string out = "{";
-    ForEachSettingsField(s, [&](const char* name, const auto& value) {
-        out += (out.size() > 1 ? ",\n" : "\n") + JsonString(name) + ":" + JsonValue(value);
-    });
-    std::cout << out << "\n}\n";
+    Json document = Json::object();
+    ForEachSettingsField(
+        s, [&](const char* name, const auto& value) { document[name] = JsonValue(value); });
+    PrintJson(document, 1);
 }
 
-}  // namespace
-
-int RunSettings(Arguments& args) {
-    std::string file, action;
-    while (!args.Done()) {
-        const std::string_view flag = args.Flag();
-        if (flag == "--file") {
-            file = args.Value(flag);
-        } else if (flag == "--dump" || flag == "--write-defaults" || flag == "--rewrite") {
-            if (!action.empty())
-                throw UsageError("settings takes one of --dump, --write-defaults, --rewrite");
-            action = flag;
-        } else {
-            throw UsageError("settings: unknown option " + std::string(flag));
-        }
-    }
-    if (file.empty() || action.empty())
-        throw UsageError(
-            "usage: kirameki-cli settings --file FILE (--dump | --write-defaults | --rewrite)");
+int RunSettings(const SettingsOptions& o) {
+    if (int(o.dump) + int(o.writeDefaults) + int(o.rewrite) != 1)
+        throw UsageError("settings takes one of --dump, --write-defaults, --rewrite");
     AppSettings settings;
-    std::string error;
-    if (action == "--write-defaults") {
+    if (o.writeDefaults) {
         const ProgramPaths paths = CurrentProgramPaths();
         LoadDefaults(settings, {paths.screenShotsFolder, paths.capturesFolder});
     } else {
-        settings = LoadSettingsArgument(file);
-        if (action == "--dump") {
+        // Only a whole settings file is shown or written back: a rewrite of anything else
+        // would replace it with settings.
+        CheckSettingsFile(o.file, SettingsFileSize::kExact);
+        settings = LoadSettingsArgument(o.file);
+        if (o.dump) {
             Dump(settings);
             return 0;
         }
     }
-    if (!SaveSettings(file, settings, error)) {
+    if (std::string error; !SaveSettings(o.file, settings, error)) {
         std::cerr << "kirameki-cli: " << error << "\n";
         return 1;
     }
     return 0;
+}
+
+}  // namespace
+
+Command AddSettings(CLI::App& program) {
+    CLI::App* app = program.add_subcommand(
+        "settings", "show, create or rewrite the viewer's 729-byte settings file");
+    auto o = std::make_shared<SettingsOptions>();
+    AddText(*app, "--file", &o->file, "FILE",
+            "the settings file ('-': standard output for "
+            "--write-defaults)")
+        ->required();
+    app->add_flag("--dump", o->dump, "print every field by its name as JSON");
+    app->add_flag("--write-defaults", o->writeDefaults, "write a file of the default settings");
+    app->add_flag("--rewrite", o->rewrite, "read the file and write it back");
+    return {app, [o] { return RunSettings(*o); }};
 }
 
 }  // namespace kirameki::cli

@@ -1,53 +1,55 @@
-#include <iostream>
-#include <string>
+#include <CLI/App.hpp>
+#include <nlohmann/json.hpp>
 
 #include "cli/commands.h"
-#include "cli/json_writer.h"
+#include "cli/json_output.h"
 #include "model/stone_tables.h"
 
 namespace kirameki::cli {
 
 namespace {
 
-std::string Triple(const std::array<double, 3>& values) {
-    return "[" + JsonNumber(values[0]) + "," + JsonNumber(values[1]) + "," + JsonNumber(values[2]) +
-           "]";
+int RunTables() {
+    Json stones = Json::array();
+    for (int i = 0; i < kStoneCount; ++i) {
+        const StoneRecord& s = Stones()[i];
+        stones.push_back({{"index", i},
+                          {"english", s.english},
+                          {"japanese", s.japanese},
+                          {"colour", s.defaultColour},
+                          {"cut", s.defaultCut},
+                          {"index100", s.index100},
+                          {"coefficient", s.coefficient}});
+    }
+    Json colours = Json::array();
+    for (int i = 0; i < kColourCount; ++i) {
+        const ColourRecord& c = Colours()[i];
+        colours.push_back({{"index", i},
+                           {"english", c.english},
+                           {"japanese", c.japanese},
+                           {"absorption", c.absorption}});
+    }
+    Json cuts = Json::array();
+    for (int i = 0; i < int(CutNames().size()); ++i)
+        cuts.push_back({{"index", i},
+                        {"english", CutNames()[i].english},
+                        {"japanese", CutNames()[i].japanese}});
+    Json polygonColours = Json::array();
+    for (int i = 0; i < kPolygonColourCount; ++i)
+        polygonColours.push_back(PolygonColours()[i]);
+    PrintJson({{"stones", stones},
+               {"colours", colours},
+               {"cuts", cuts},
+               {"polygonColours", polygonColours}});
+    return 0;
 }
 
 }  // namespace
 
-int RunTables(Arguments& args) {
-    if (!args.Done())
-        throw UsageError("tables takes no options");
-    std::string out = "{\"stones\":[";
-    for (int i = 0; i < kStoneCount; ++i) {
-        const StoneRecord& s = Stones()[i];
-        out += (i ? ",\n" : "\n") + std::string("{\"index\":") + std::to_string(i) +
-               ",\"english\":" + JsonString(s.english) + ",\"japanese\":" + JsonString(s.japanese) +
-               ",\"colour\":" + std::to_string(s.defaultColour) +
-               ",\"cut\":" + std::to_string(s.defaultCut) +
-               ",\"index100\":" + std::to_string(s.index100) +
-               ",\"coefficient\":" + JsonNumber(s.coefficient) + "}";
-    }
-    out += "],\n\"colours\":[";
-    for (int i = 0; i < kColourCount; ++i) {
-        const ColourRecord& c = Colours()[i];
-        out += (i ? ",\n" : "\n") + std::string("{\"index\":") + std::to_string(i) +
-               ",\"english\":" + JsonString(c.english) + ",\"japanese\":" + JsonString(c.japanese) +
-               ",\"absorption\":" + Triple(c.absorption) + "}";
-    }
-    out += "],\n\"cuts\":[";
-    for (int i = 0; i < int(CutNames().size()); ++i) {
-        out += (i ? ",\n" : "\n") + std::string("{\"index\":") + std::to_string(i) +
-               ",\"english\":" + JsonString(CutNames()[i].english) +
-               ",\"japanese\":" + JsonString(CutNames()[i].japanese) + "}";
-    }
-    out += "],\n\"polygonColours\":[";
-    for (int i = 0; i < kPolygonColourCount; ++i)
-        out += (i ? "," : "") + Triple(PolygonColours()[i]);
-    out += "]}\n";
-    std::cout << out;
-    return 0;
+Command AddTables(CLI::App& program) {
+    CLI::App* app = program.add_subcommand(
+        "tables", "print the stone, colour, cut and polygon colour tables as JSON");
+    return {app, RunTables};
 }
 
 }  // namespace kirameki::cli

@@ -1,18 +1,28 @@
 #pragma once
 
-#include "cli/cli_arguments.h"
+#include <functional>
+
+namespace CLI {
+class App;
+}  // namespace CLI
 
 namespace kirameki::cli {
 
-// Each subcommand returns the exit status: 0 success, 2 bad usage or input, 1 other failure.
-int RunTables(Arguments& args);
-int RunModel(Arguments& args);
-int RunPreview(Arguments& args);
-int RunRender(Arguments& args);
-int RunSettings(Arguments& args);
-int RunCapture(Arguments& args);
-int RunGif(Arguments& args);
-int RunDesign(Arguments& args);
-int RunBatch(Arguments& args);
+// A subcommand of the program: its options are parsed into state that its runner holds, and
+// the runner returns the exit status (0 success, 2 bad usage or input, 1 other failure).
+struct Command {
+    CLI::App* app = nullptr;
+    std::function<int()> run;
+};
+
+Command AddTables(CLI::App& program);
+Command AddModel(CLI::App& program);
+Command AddPreview(CLI::App& program);
+Command AddRender(CLI::App& program);
+Command AddSettings(CLI::App& program);
+Command AddCapture(CLI::App& program);
+Command AddGif(CLI::App& program);
+Command AddDesign(CLI::App& program);
+Command AddBatch(CLI::App& program);
 
 }  // namespace kirameki::cli

@@ -1,63 +1,120 @@
+// The whole library once, in this file: its configuration reader and help formatter.
+#include <CLI/CLI.hpp>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstring>
 #include <exception>
 #include <iostream>
+#include <string>
 #include <string_view>
-#include <utility>
+#include <vector>
 
 #include "cli/commands.h"
+#include "cli/options.h"
+
+#ifndef KIRAMEKI_VERSION
+#define KIRAMEKI_VERSION "unknown"
+#endif
 
 namespace {
 
-constexpr const char* kUsage =
-    "usage: kirameki-cli <command> [options]\n"
-    "  tables                          the stone, colour, cut and polygon colour tables (JSON)\n"
-    "  model --cut K [--settings FILE] [--stone S] [--colour C]\n"
-    "        (--json | --obj FILE | --stl FILE [--girdle MM] | --glb FILE [--girdle MM])\n"
-    "  preview --cut K --out FILE.png [--size PX] [--tilt DEG] [--spin DEG] [--polygon-colour N]\n"
-    "  settings --file FILE (--dump | --write-defaults | --rewrite)\n"
-    "  render --out FILE [--format 1..7] [--position-info] [scene flags] [--repeat N]\n"
-    "  capture --sqi FILE.sqi [--frames N] [scene flags]\n"
-    "  capture --sqi FILE.sqi --resume [--check-existence] [--settings FILE] [--depth D]\n"
-    "  gif --sqi FILE.sqi --out FILE [--delay T] [--clockwise] [--settings FILE]\n"
-    "      [--webp [--quality Q]]       animated GIF, or WebP (lossless unless Q is given)\n"
-    "  design --in FILE.asc (--json | --out FILE.asc) | --cut K --out FILE.asc [--gear N]\n"
-    "  batch --designs FOLDER|LIST --out FOLDER [--job render|turntable] [--shard I/N]\n"
-    "        [--frames N] [-- render or capture flags]   one JSON line per design\n"
-    "scene flags: --settings FILE --position FILE.gpi --design FILE.asc --stone S --cut K\n"
-    "             --colour C --index N"
-    " --size PX --depth D --hq --fire on|off --turn ID:ROUNDS --threads N\n";
+// Errors are one line each: a message of the parser that runs over lines is joined.
+std::string OneLine(std::string text) {
+    for (char& c : text)
+        if (c == '\n')
+            c = ' ';
+    while (!text.empty() && text.back() == ' ')
+        text.pop_back();
+    return text;
+}
 
-}  // namespace
+// What was written to standard output must have arrived: a closed pipe or a full disk is a
+// failure, reported once.
+int CheckStandardOutput(int status) {
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
+        return status;
+    if (status == 0)
+        std::cerr << "kirameki-cli: Cannot write to standard output: " << std::strerror(errno)
+                  << "\n";
+    return status == 0 ? 1 : status;
+}
 
-int main(int argc, char** argv) {
+int Run(int argc, char** argv) {
     using namespace kirameki::cli;
+    CLI::App program(
+        "Kirameki renders cut gemstones: tables, models, pictures, captures and "
+        "animations without a display.",
+        "kirameki-cli");
+    program.set_version_flag("--version", "kirameki-cli " KIRAMEKI_VERSION,
+                             "print the version and exit");
+    program.set_help_flag("-h,--help", "print this help and exit");
+    program.require_subcommand(1);
+    program.footer(
+        "Each command has --help. '-' as an output file is standard output. Exit status: 0 "
+        "success, 1 failure, 2 bad usage or input, 3 aborted.");
+    // A flag given twice takes its last value; the scene flags apply every one in order.
+    program.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+    const std::vector<Command> commands = {
+        AddTables(program), AddModel(program),    AddPreview(program),
+        AddRender(program), AddSettings(program), AddCapture(program),
+        AddGif(program),    AddDesign(program),   AddBatch(program)};
+
     if (argc < 2) {
         std::cerr << "kirameki-cli: no command given (see kirameki-cli --help)\n";
         return 2;
     }
-    const std::string_view command = argv[1];
-    Arguments args(argc, argv, 2);
-    try {
-        using Command = int (*)(Arguments&);
-        static const std::pair<std::string_view, Command> kCommands[] = {
-            {"tables", RunTables}, {"model", RunModel},       {"preview", RunPreview},
-            {"render", RunRender}, {"settings", RunSettings}, {"capture", RunCapture},
-            {"gif", RunGif},       {"design", RunDesign},     {"batch", RunBatch},
-        };
-        for (const auto& [name, run] : kCommands)
-            if (command == name)
-                return run(args);
-        if (command == "--help" || command == "help") {
-            std::cout << kUsage;
-            return 0;
+    const std::string_view first = argv[1];
+    if (first == "help") {
+        std::cout << program.help();
+        return 0;
+    }
+    if (first != "-h" && first != "--help" && first != "--version" && first.rfind('-', 0) == 0) {
+        std::cerr << "kirameki-cli: unknown option '" << first << "' (see kirameki-cli --help)\n";
+        return 2;
+    }
+    if (first.rfind('-', 0) != 0) {
+        bool known = false;
+        for (const Command& command : commands)
+            known = known || command.app->get_name() == first;
+        if (!known) {
+            std::cerr << "kirameki-cli: unknown command '" << first
+                      << "' (see kirameki-cli --help)\n";
+            return 2;
         }
-        std::cerr << "kirameki-cli: unknown command '" << command
-                  << "' (see kirameki-cli --help)\n";
+    }
+    try {
+        program.parse(argc, argv);
+    } catch (const CLI::CallForHelp& e) {
+        return program.exit(e);
+    } catch (const CLI::CallForAllHelp& e) {
+        return program.exit(e);
+    } catch (const CLI::CallForVersion& e) {
+        return program.exit(e);
+    } catch (const CLI::ParseError& e) {
+        const auto chosen = program.get_subcommands();
+        const std::string where = chosen.empty() ? "" : " " + chosen.front()->get_name();
+        std::cerr << "kirameki-cli" << where << ": " << OneLine(e.what()) << "\n";
         return 2;
-    } catch (const UsageError& e) {
+    }
+    for (const Command& command : commands)
+        if (command.app->parsed())
+            return command.run();
+    return 2;  // the parser requires a command
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    // A closed pipe is a failed write to report, not a silent death.
+    std::signal(SIGPIPE, SIG_IGN);
+    try {
+        return CheckStandardOutput(Run(argc, argv));
+    } catch (const kirameki::cli::UsageError& e) {
         std::cerr << "kirameki-cli: " << e.what() << "\n";
-        return 2;
+        return CheckStandardOutput(2);
     } catch (const std::exception& e) {
         std::cerr << "kirameki-cli: " << e.what() << "\n";
-        return 1;
+        return CheckStandardOutput(1);
     }
 }

@@ -45,7 +45,12 @@ std::string FollowLinks(const std::string& path) {
             errno = error ? error.value() : ENOENT;
             return {};
         }
-        current = next[0] == '/' ? next : SplitTarget(current).folder + next;
+        if (next[0] == '/') {
+            current = next;
+        } else {
+            current = SplitTarget(current).folder;
+            current += next;
+        }
     }
     errno = ELOOP;
     return {};
@@ -272,6 +277,15 @@ class AtomicWrite {
 
 }  // namespace
 
+bool WriteStandardOutput(const std::string& bytes, std::string& error) {
+    if (std::fflush(stdout) != 0 || !WriteAll(STDOUT_FILENO, bytes.data(), bytes.size())) {
+        error =
+            std::string("Cannot write to standard output: ") + std::strerror(errno ? errno : EIO);
+        return false;
+    }
+    return true;
+}
+
 bool WriteFileAtomically(const std::string& path, const std::function<bool(std::FILE*)>& writer,
                          std::string& error) {
     std::string bytes;
@@ -279,6 +293,8 @@ bool WriteFileAtomically(const std::string& path, const std::function<bool(std::
         error = "Cannot write " + path + ": the data could not be encoded";
         return false;
     }
+    if (path == kStandardOutput)
+        return WriteStandardOutput(bytes, error);
     const std::string file = FollowLinks(path);
     if (file.empty()) {
         error = "Cannot write " + path + ": " + std::strerror(errno ? errno : EIO);

@@ -12,8 +12,17 @@ namespace kirameki {
 // system allows it (nothing is left if the process is killed); otherwise it has a short name
 // of its own, and the stale temporaries of killed writers are removed when the next file is
 // written in the same folder. Its name does not grow with the target's, so any name the file system
-// accepts can be written. On failure error holds one clear line.
+// accepts can be written. The name "-" stands for standard output (see WriteStandardOutput).
+// On failure error holds one clear line.
 bool WriteFileAtomically(const std::string& path, const std::function<bool(std::FILE*)>& writer,
                          std::string& error);
+
+// The file name that means standard output, as shell tools take it.
+inline constexpr const char* kStandardOutput = "-";
+
+// Writes the bytes to standard output after whatever the C stream there holds, and checks
+// every write: a closed pipe (with SIGPIPE ignored) or a full disk gives false and one line in
+// error.
+bool WriteStandardOutput(const std::string& bytes, std::string& error);
 
 }  // namespace kirameki

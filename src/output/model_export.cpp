@@ -177,7 +177,11 @@ bool WriteObjModel(const std::string& path, const ExportMesh& mesh, const std::s
 
     std::string obj = "# Kirameki: " + name + ", " + std::to_string(mesh.vertices.size()) +
                       " vertices, " + std::to_string(mesh.faces.size()) + " faces\n";
-    obj += "mtllib " + Word(mtlName) + "\no " + Word(name) + "\n";
+    // Standard output has no folder for the material file: the OBJ goes alone.
+    const bool alone = path == kStandardOutput;
+    if (!alone)
+        obj += "mtllib " + Word(mtlName) + "\n";
+    obj += "o " + Word(name) + "\n";
     char line[128];
     for (const Vec3& v : mesh.vertices) {
         std::snprintf(line, sizeof line, "v %.17g %.17g %.17g\n", v.x, v.y, v.z);
@@ -187,7 +191,9 @@ bool WriteObjModel(const std::string& path, const ExportMesh& mesh, const std::s
         std::snprintf(line, sizeof line, "vn %.9g %.9g %.9g\n", n.x, n.y, n.z);
         obj += line;
     }
-    obj += "usemtl " + material + "\ns off\n";
+    if (!alone)
+        obj += "usemtl " + material + "\n";
+    obj += "s off\n";
     for (std::size_t f = 0; f < mesh.faces.size(); ++f) {
         obj += 'f';
         for (const int index : mesh.faces[f])
@@ -195,7 +201,7 @@ bool WriteObjModel(const std::string& path, const ExportMesh& mesh, const std::s
         obj += '\n';
     }
     // The material first: an OBJ never names a material file that is not there.
-    return WriteBytes(mtlPath, mtl, error) && WriteBytes(path, obj, error);
+    return (alone || WriteBytes(mtlPath, mtl, error)) && WriteBytes(path, obj, error);
 }
 
 bool WriteStlModel(const std::string& path, const ExportMesh& mesh, const std::string& name,
@@ -276,47 +282,46 @@ bool WriteGlbModel(const std::string& path, const ExportMesh& mesh, const std::s
         }
         return out + "\"";
     };
-    std::string json =
-        "{\"asset\":{\"version\":\"2.0\",\"generator\":\"Kirameki\"},"
-        "\"extensionsUsed\":[\"KHR_materials_ior\",\"KHR_materials_transmission\","
-        "\"KHR_materials_volume\",\"KHR_materials_dispersion\"],"
-        "\"scene\":0,\"scenes\":[{\"nodes\":[0]}],"
-        "\"nodes\":[{\"name\":" +
-        quoted(name) + ",\"mesh\":0}],\"meshes\":[{\"name\":" + quoted(name) +
-        ",\"primitives\":[{\"attributes\":{\"POSITION\":1,\"NORMAL\":2},\"indices\":0,"
-        "\"material\":0,\"mode\":4}]}],"
-        "\"materials\":[{\"name\":" +
-        quoted(look.name) +
-        ",\"pbrMetallicRoughness\":{\"baseColorFactor\":[1,1,1,1],"
-        "\"metallicFactor\":0,\"roughnessFactor\":0},"
-        "\"extensions\":{\"KHR_materials_ior\":{\"ior\":" +
-        Number(look.refractiveIndex) +
-        "},\"KHR_materials_transmission\":{\"transmissionFactor\":1},"
-        "\"KHR_materials_volume\":{\"thicknessFactor\":" +
-        Number(2.0 * radius) + ",\"attenuationDistance\":" + Number(radius) +
-        ",\"attenuationColor\":[" + Number(passed[0]) + "," + Number(passed[1]) + "," +
-        Number(passed[2]) +
-        "]},\"KHR_materials_dispersion\":{\"dispersion\":" + Number(dispersion) + "}}}],";
-    json += "\"buffers\":[{\"byteLength\":" + std::to_string(binary.size()) + "}],";
-    json += "\"bufferViews\":[{\"buffer\":0,\"byteOffset\":0,\"byteLength\":" +
+    std::string json = R"({"asset":{"version":"2.0","generator":"Kirameki"},)"
+                       R"("extensionsUsed":["KHR_materials_ior","KHR_materials_transmission",)"
+                       R"("KHR_materials_volume","KHR_materials_dispersion"],)"
+                       R"("scene":0,"scenes":[{"nodes":[0]}],)"
+                       R"("nodes":[{"name":)" +
+                       quoted(name) + R"(,"mesh":0}],"meshes":[{"name":)" + quoted(name) +
+                       R"(,"primitives":[{"attributes":{"POSITION":1,"NORMAL":2},"indices":0,)"
+                       R"("material":0,"mode":4}]}],)"
+                       R"("materials":[{"name":)" +
+                       quoted(look.name) +
+                       R"(,"pbrMetallicRoughness":{"baseColorFactor":[1,1,1,1],)"
+                       R"("metallicFactor":0,"roughnessFactor":0},)"
+                       R"("extensions":{"KHR_materials_ior":{"ior":)" +
+                       Number(look.refractiveIndex) +
+                       R"(},"KHR_materials_transmission":{"transmissionFactor":1},)"
+                       R"("KHR_materials_volume":{"thicknessFactor":)" +
+                       Number(2.0 * radius) + R"(,"attenuationDistance":)" + Number(radius) +
+                       R"(,"attenuationColor":[)" + Number(passed[0]) + "," + Number(passed[1]) +
+                       "," + Number(passed[2]) + R"(]},"KHR_materials_dispersion":{"dispersion":)" +
+                       Number(dispersion) + "}}}],";
+    json += R"("buffers":[{"byteLength":)" + std::to_string(binary.size()) + "}],";
+    json += R"("bufferViews":[{"buffer":0,"byteOffset":0,"byteLength":)" +
             std::to_string(indexBytes) +
-            ",\"target\":34963},"
-            "{\"buffer\":0,\"byteOffset\":" +
-            std::to_string(indexBytes) + ",\"byteLength\":" + std::to_string(vertexBytes) +
-            ",\"target\":34962},"
-            "{\"buffer\":0,\"byteOffset\":" +
-            std::to_string(indexBytes + vertexBytes) +
-            ",\"byteLength\":" + std::to_string(vertexBytes) + ",\"target\":34962}],";
-    json += "\"accessors\":[{\"bufferView\":0,\"componentType\":5125,\"count\":" +
+            R"(,"target":34963},)"
+            R"({"buffer":0,"byteOffset":)" +
+            std::to_string(indexBytes) + R"(,"byteLength":)" + std::to_string(vertexBytes) +
+            R"(,"target":34962},)"
+            R"({"buffer":0,"byteOffset":)" +
+            std::to_string(indexBytes + vertexBytes) + R"(,"byteLength":)" +
+            std::to_string(vertexBytes) + R"(,"target":34962}],)";
+    json += R"("accessors":[{"bufferView":0,"componentType":5125,"count":)" +
             std::to_string(indexCount) +
-            ",\"type\":\"SCALAR\"},"
-            "{\"bufferView\":1,\"componentType\":5126,\"count\":" +
-            std::to_string(corners) + ",\"type\":\"VEC3\",\"min\":[" + Number(low.x) + "," +
-            Number(low.y) + "," + Number(low.z) + "],\"max\":[" + Number(high.x) + "," +
+            R"(,"type":"SCALAR"},)"
+            R"({"bufferView":1,"componentType":5126,"count":)" +
+            std::to_string(corners) + R"(,"type":"VEC3","min":[)" + Number(low.x) + "," +
+            Number(low.y) + "," + Number(low.z) + R"(],"max":[)" + Number(high.x) + "," +
             Number(high.y) + "," + Number(high.z) +
             "]},"
-            "{\"bufferView\":2,\"componentType\":5126,\"count\":" +
-            std::to_string(corners) + ",\"type\":\"VEC3\"}]}";
+            R"({"bufferView":2,"componentType":5126,"count":)" +
+            std::to_string(corners) + R"(,"type":"VEC3"}]})";
     json.resize((json.size() + 3) / 4 * 4, ' ');  // chunks are 4-byte aligned
 
     std::string glb;

@@ -43,8 +43,9 @@ std::array<double, 3> Transmittance(const StoneLook& look, double radii);
 double GirdleWidth(const ExportMesh& mesh);
 
 // Wavefront OBJ: object `name`, welded vertices, one normal a face, and beside it a material
-// file (the OBJ's stem + ".mtl") with the stone's colour and refractive index. Each file is
-// written whole or not at all; on failure error holds one line.
+// file (the OBJ's stem + ".mtl") with the stone's colour and refractive index; to standard
+// output ("-") the OBJ goes without material. Each file is written whole or not at all; on
+// failure error holds one line.
 bool WriteObjModel(const std::string& path, const ExportMesh& mesh, const std::string& name,
                    const StoneLook& look, std::string& error);
 

@@ -127,5 +127,85 @@ printf 'GemCad 5.0\ng 96\na 40 0.9 0 24 48 72\n' > "$out/open.asc"
 expect_status 2 render --design "$out/open.asc" --out "$out/open.png"
 grep -q "line 3: the design is open" "$out/stderr" || { echo "FAIL: open design message: $(cat "$out/stderr")"; failures=$((failures + 1)); }
 
+# The shell's conventions: --help and -h everywhere, --version, --opt=value and --.
+for command in tables model preview render settings capture gif design batch; do
+  for help in --help -h; do
+    expect_status 0 $command $help
+    grep -q -- "--help" "$out/stdout" || { echo "FAIL: $command $help printed no options"; failures=$((failures + 1)); }
+  done
+done
+expect_status 0 --version
+grep -qE '^kirameki-cli [0-9]+\.[0-9]+' "$out/stdout" || { echo "FAIL: --version: $(cat "$out/stdout")"; failures=$((failures + 1)); }
+expect_status 0 model --cut=12 --json --
+python3 -c 'import json,sys; assert json.load(open(sys.argv[1]))["cut"] == 12' "$out/stdout" \
+  || { echo "FAIL: --cut=12"; failures=$((failures + 1)); }
+expect_status 2 model --cut 12 --json -- extra
+expect_status 2 render --fire=maybe --out "$out/x.png"
+
+# The scene flags all apply, in the order given: two turns make one of both rounds, and a
+# stone chosen after a colour brings its own colour.
+picture() { "$cli" render --size 48 --fire off --out - --format 4 "$@" 2>/dev/null | md5sum; }
+[ "$(picture --turn 1006:5 --turn=1006:5)" = "$(picture --turn 1006:10)" ] \
+  && [ "$(picture --turn 1006:10)" != "$(picture --turn 1006:5)" ] \
+  && [ "$(picture --stone 2 --colour 3)" != "$(picture --colour 3 --stone 2)" ] \
+  || { echo "FAIL: the scene flags in order"; failures=$((failures + 1)); }
+
+# '-' is standard output; a write there that fails (a closed pipe, a full disk) is exit 1 and
+# one line. The picture is larger than a pipe holds, so head's exit always closes it early.
+expect_status 0 render --out - --format 4 --size 32 --fire off
+[ "$(head -c 8 "$out/stdout" | od -An -tx1 | tr -d ' ')" = 89504e470d0a1a0a ] \
+  || { echo "FAIL: render --out - gave no PNG"; failures=$((failures + 1)); }
+cp "$out/stdout" "$out/shot.png"
+expect_status 0 model --cut 0 --obj -
+[ "$(grep -c '^f ' "$out/stdout")" -eq 57 ] && ! grep -q mtllib "$out/stdout" \
+  || { echo "FAIL: OBJ on standard output"; failures=$((failures + 1)); }
+one_line_failure() {  # what, then the status of the write
+  if [ "$2" -ne 1 ] || [ "$(wc -l <"$out/stderr")" -ne 1 ]; then
+    echo "FAIL: $1 exited $2 with: $(cat "$out/stderr")"; failures=$((failures + 1))
+  fi
+}
+"$cli" render --out - --format 1 --size 512 --fire off 2>"$out/stderr" | head -c1 >/dev/null
+one_line_failure "a picture into a closed pipe" "${PIPESTATUS[0]}"
+for command in "tables" "render --out - --format 4 --size 32 --fire off"; do
+  "$cli" $command >/dev/full 2>"$out/stderr"
+  one_line_failure "$command onto a full disk" $?
+  python3 -c 'import os, subprocess, sys
+r, w = os.pipe(); os.close(r)  # a pipe whose reader has gone before the first write
+sys.exit(subprocess.run(sys.argv[2:], stdout=w, stderr=open(sys.argv[1], "wb")).returncode)' \
+    "$out/stderr" "$cli" $command
+  one_line_failure "$command into a closed pipe" $?
+done
+
+# Only a settings file is read as one.
+expect_status 2 settings --file "$out/shot.png" --dump
+grep -q "not a settings file" "$out/stderr" || { echo "FAIL: a PNG read as settings: $(cat "$out/stderr")"; failures=$((failures + 1)); }
+cp "$out/shot.png" "$out/kept.png"
+expect_status 2 settings --file "$out/shot.png" --rewrite
+cmp -s "$out/shot.png" "$out/kept.png" || { echo "FAIL: a PNG rewritten as settings"; failures=$((failures + 1)); }
+expect_status 2 settings --file "$out" --dump
+# A folder path in Shift-JIS and a refractive index that is no number, as an old or damaged
+# settings file may hold: still valid JSON.
+python3 -c 'import struct, sys; p=sys.argv[1]; d=bytearray(open(p,"rb").read()); i=d.index(b"/"); d[i+1:i+3]=b"\x82\xa0"
+struct.pack_into("<d", d, 16, float("nan")); open(p,"wb").write(d)' "$out/Setting.ini"
+expect_status 0 settings --file "$out/Setting.ini" --dump
+python3 -c 'import json,sys; s=json.load(open(sys.argv[1])); assert s["refractiveIndex"] is None and any("\ufffd" in v for v in s.values() if isinstance(v, str))' "$out/stdout" \
+  || { echo "FAIL: a Shift-JIS path or a NaN in the settings JSON"; failures=$((failures + 1)); }
+
+# Designs as models and previews; every JSON valid whatever bytes its texts came in: a title in
+# Windows-1252 and a file name that is no UTF-8 at all.
+odd="$out/$(printf 'caf\xe9')"
+{ printf 'GemCad 5.0\r\nH Caf\xe9 \x93Scissors\x94\r\n'; grep -v '^H' "$out/Scissors.asc" | tail -n +2; } >"$odd.asc"
+expect_status 0 design --in "$odd.asc" --json
+python3 -c 'import json,sys; d=json.load(open(sys.argv[1])); assert d["titles"][0]=="Caf\u00e9 \u201cScissors\u201d", d["titles"]' "$out/stdout" \
+  || { echo "FAIL: a Windows-1252 title in the design JSON"; failures=$((failures + 1)); }
+expect_status 0 model --design "$odd.asc" --json
+python3 -c 'import json,sys; m=json.load(open(sys.argv[1])); assert m["name"]=="Caf\u00e9 \u201cScissors\u201d" and m["design"].endswith("caf\ufffd.asc") and len(m["faces"])==45' "$out/stdout" \
+  || { echo "FAIL: model --design --json"; failures=$((failures + 1)); }
+expect_status 0 model --design "$odd.asc" --stl "$out/design.stl"
+expect_status 2 model --design "$odd.asc" --cut 3 --json
+expect_status 0 preview --design "$odd.asc" --out "$out/design.png" --size 64
+[ -s "$out/design.png" ] || { echo "FAIL: preview --design"; failures=$((failures + 1)); }
+expect_status 2 preview --design "$out/open.asc" --out "$out/open.png"
+
 if [ "$failures" -eq 0 ]; then echo "cli: all checks passed"; fi
 exit $((failures > 0))

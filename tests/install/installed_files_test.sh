@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the build into a scratch prefix and checks what a distribution checks: the desktop
-# entry, the AppStream data, every icon size and the manual pages.
+# entry, the AppStream data, every icon size, the manual pages and the bash completion.
 set -u
 build="$1"
 id="$2"
@@ -29,6 +29,9 @@ for page in kirameki kirameki-cli; do
   [ -z "$warnings" ] || fail "manual page $page: $warnings"
 done
 "$prefix/bin/kirameki-cli" tables >/dev/null || fail "installed kirameki-cli does not run"
+completion="$share/bash-completion/completions/kirameki-cli"
+bash -n "$completion" 2>/dev/null && grep -q "complete -F _kirameki_cli kirameki-cli" "$completion" \
+  || fail "bash completion of kirameki-cli"
 
 # Installed in a prefix the user can write to, the program is not portable: its pictures go
 # to the pictures folder that user-dirs.dirs names (a Japanese one here).
