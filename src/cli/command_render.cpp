@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,10 @@ struct RenderOptions {
     int repeat = 1;
     int format = 0;
     bool positionInfo = false;
+    std::string lighting = "classic";
+    double headShadow = 0.0;
+    int spectral = 0;
+    double dispersion = -1.0;  // the stone's own
 };
 
 int RunRender(RenderOptions& o, const CLI::App& app) {
@@ -52,7 +57,16 @@ int RunRender(RenderOptions& o, const CLI::App& app) {
             throw UsageError("--format is needed for " + o.out + " (1..7)");
         o.format = int(*byExtension);
     }
-    const RenderParameters parameters = scene.Parameters();
+    const std::optional<LightingModel> lighting = LightingModelNamed(o.lighting);
+    if (!lighting)
+        throw UsageError("render: --lighting is classic, iso, cos or aset, not '" + o.lighting +
+                         "'");
+    RenderParameters parameters = scene.Parameters();
+    parameters.light.model = *lighting;
+    parameters.light.headShadow = o.headShadow;
+    parameters.spectralSamples = o.spectral;
+    if (o.dispersion >= 0.0)
+        parameters.dispersion = o.dispersion;
 
     auto model = std::make_unique<GemModel>();
     BuildSceneModel(scene.settings, scene.stone, *model);
@@ -99,6 +113,14 @@ Command AddRender(CLI::App& program) {
     app->add_flag("--position-info", o->positionInfo,
                   "write the Position-Info record beside the picture (its stem + .gpi)");
     AddInt(*app, "--repeat", &o->repeat, 1, 1000, "render N times and print the median time");
+    AddText(*app, "--lighting", &o->lighting, "classic|iso|cos|aset",
+            "the light the stone is seen in (default classic, the three lights)");
+    AddNumber(*app, "--head-shadow", &o->headShadow, 0.0, 45.0,
+              "half-angle in degrees of the observer's head that blocks the light (default 0)");
+    AddInt(*app, "--spectral", &o->spectral, 4, 32,
+           "spectral fire: trace N wavelengths from 400 to 700 nm instead of three samples");
+    AddNumber(*app, "--dispersion", &o->dispersion, 0.0, 0.2,
+              "B-G dispersion for spectral fire (default: the stone's, or 0.020)");
     o->scene.AddFlags(*app);
     return {app, [o, app] { return RunRender(*o, *app); }};
 }

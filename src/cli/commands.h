@@ -23,6 +23,7 @@ Command AddSettings(CLI::App& program);
 Command AddCapture(CLI::App& program);
 Command AddGif(CLI::App& program);
 Command AddDesign(CLI::App& program);
+Command AddMetrics(CLI::App& program);
 Command AddBatch(CLI::App& program);
 
 }  // namespace kirameki::cli

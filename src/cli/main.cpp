@@ -56,9 +56,9 @@ int Run(int argc, char** argv) {
     // A flag given twice takes its last value; the scene flags apply every one in order.
     program.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
     const std::vector<Command> commands = {
-        AddTables(program), AddModel(program),    AddPreview(program),
-        AddRender(program), AddSettings(program), AddCapture(program),
-        AddGif(program),    AddDesign(program),   AddBatch(program)};
+        AddTables(program),   AddModel(program),   AddPreview(program), AddRender(program),
+        AddSettings(program), AddCapture(program), AddGif(program),     AddDesign(program),
+        AddBatch(program),    AddMetrics(program)};
 
     if (argc < 2) {
         std::cerr << "kirameki-cli: no command given (see kirameki-cli --help)\n";
