@@ -218,8 +218,8 @@ void Walk(BundleWalk& w) {
         dx = Select(alive, dx - ox * twice, dx);
         dy = Select(alive, dy - oy * twice, dy);
         dz = Select(alive, dz - oz * twice, dz);
-        for (int ch = 0; ch < 3; ++ch)
-            thr[ch] = Select(alive, thr[ch] * r, thr[ch]);
+        for (D4& channel : thr)
+            channel = Select(alive, channel * r, channel);
         alive &= ~(Max(Max(thr[0], thr[1]), thr[2]) < Splat(kNegligible));
     }
     for (int ch = 0; ch < 3; ++ch) {
