@@ -55,7 +55,7 @@ struct Ray {
     double px, py, pz, dx, dy, dz;
 };
 
-// The tracer's ConfirmFace for a ray leaving the stone, its edges tested eight at a time:
+// The tracer's ConfirmFace for a ray leaving the stone, its edges tested four at a time:
 // true when the ray leaves through the face at a point well inside all its edges.
 inline bool ConfirmExit(const TracerWorkAreas& work, int face, const Ray& r, double& t) {
     const TracerFaceArea& area = work.faces;
@@ -73,18 +73,17 @@ inline bool ConfirmExit(const TracerWorkAreas& work, int face, const Ray& r, dou
     const D4 vnum = Splat(num), vden = Splat(den), margin = Splat(kGuessMargin * den);
     D4 nearest = margin;
     const TracerEdgeArea& edges = work.edges;
+    static_assert(TracerEdgeArea::kBlockLines == kLanes, "one block of edges to a vector");
     for (int k = edges.firstBlock[f]; k < edges.firstBlock[f + 1]; ++k) {
         const TracerEdgeArea::Block& block = edges.blocks[std::size_t(k)];
-        for (std::size_t half = 0; half < std::size_t(TracerEdgeArea::kBlockLines); half += 4) {
-            D4 x, y, z, offset;
-            std::memcpy(&x, &block.x[half], sizeof x);
-            std::memcpy(&y, &block.y[half], sizeof y);
-            std::memcpy(&z, &block.z[half], sizeof z);
-            std::memcpy(&offset, &block.offset[half], sizeof offset);
-            const D4 atStart = x * px + y * py + z * pz - offset;
-            const D4 along = x * dx + y * dy + z * dz;
-            nearest = Min(nearest, atStart * vden + along * vnum);
-        }
+        D4 x, y, z, offset;
+        std::memcpy(&x, block.x.data(), sizeof x);
+        std::memcpy(&y, block.y.data(), sizeof y);
+        std::memcpy(&z, block.z.data(), sizeof z);
+        std::memcpy(&offset, block.offset.data(), sizeof offset);
+        const D4 atStart = x * px + y * py + z * pz - offset;
+        const D4 along = x * dx + y * dy + z * dz;
+        nearest = Min(nearest, atStart * vden + along * vnum);
     }
     return Bits(nearest >= margin) == 0xf;
 }
