@@ -31,11 +31,15 @@ inline D4 Load(const BundleWalk::Lanes& a) {
 inline void Store(BundleWalk::Lanes& a, D4 v) {
     std::memcpy(a.data(), &v, sizeof v);
 }
+// A broadcast, not D4{} + v: without contraction the compiler must keep that addition.
 inline D4 Splat(double v) {
-    return D4{} + v;
+    return reinterpret_cast<D4>(_mm256_set1_pd(v));
 }
+// Every lane of a mask is all ones or all zeros, so the blend's sign test picks as the mask.
 inline D4 Select(M4 m, D4 yes, D4 no) {
-    return reinterpret_cast<D4>((m & reinterpret_cast<M4>(yes)) | (~m & reinterpret_cast<M4>(no)));
+    return reinterpret_cast<D4>(_mm256_blendv_pd(reinterpret_cast<__m256d>(no),
+                                                 reinterpret_cast<__m256d>(yes),
+                                                 reinterpret_cast<__m256d>(m)));
 }
 inline D4 Sqrt(D4 v) {
     return reinterpret_cast<D4>(_mm256_sqrt_pd(reinterpret_cast<__m256d>(v)));
