@@ -1,5 +1,6 @@
 #include "output/capture_loop.h"
 
+#include <exception>
 #include <optional>
 #include <thread>
 #include <utility>
@@ -47,14 +48,20 @@ class FrameWriter {
     const FrameImage& Picture() const { return picture_; }
 
   private:
-    void Write() {
-        const FrameImage trimmed = run_.trimming
-                                       ? Trimmed(picture_, run_.margins[0], run_.margins[1],
-                                                 run_.margins[2], run_.margins[3])
-                                       : FrameImage{};
-        if (!WritePicture(path_, run_.trimming ? trimmed : picture_, PictureFormat::kGif8,
-                          run_.background, error_) &&
-            error_.empty())
+    // Nothing may escape the thread: running out of memory is a frame not written.
+    void Write() noexcept {
+        try {
+            const FrameImage trimmed = run_.trimming
+                                           ? Trimmed(picture_, run_.margins[0], run_.margins[1],
+                                                     run_.margins[2], run_.margins[3])
+                                           : FrameImage{};
+            if (WritePicture(path_, run_.trimming ? trimmed : picture_, PictureFormat::kGif8,
+                             run_.background, error_))
+                return;
+        } catch (const std::exception&) {
+            error_.clear();
+        }
+        if (error_.empty())
             error_ = "The frame " + path_ + " could not be written";
     }
 

@@ -31,11 +31,15 @@ inline D4 Load(const BundleWalk::Lanes& a) {
 inline void Store(BundleWalk::Lanes& a, D4 v) {
     std::memcpy(a.data(), &v, sizeof v);
 }
+// A broadcast, not D4{} + v: without contraction the compiler must keep that addition.
 inline D4 Splat(double v) {
-    return D4{} + v;
+    return reinterpret_cast<D4>(_mm256_set1_pd(v));
 }
+// Every lane of a mask is all ones or all zeros, so the blend's sign test picks as the mask.
 inline D4 Select(M4 m, D4 yes, D4 no) {
-    return reinterpret_cast<D4>((m & reinterpret_cast<M4>(yes)) | (~m & reinterpret_cast<M4>(no)));
+    return reinterpret_cast<D4>(_mm256_blendv_pd(reinterpret_cast<__m256d>(no),
+                                                 reinterpret_cast<__m256d>(yes),
+                                                 reinterpret_cast<__m256d>(m)));
 }
 inline D4 Sqrt(D4 v) {
     return reinterpret_cast<D4>(_mm256_sqrt_pd(reinterpret_cast<__m256d>(v)));
@@ -55,7 +59,7 @@ struct Ray {
     double px, py, pz, dx, dy, dz;
 };
 
-// The tracer's ConfirmFace for a ray leaving the stone, its edges tested eight at a time:
+// The tracer's ConfirmFace for a ray leaving the stone, its edges tested four at a time:
 // true when the ray leaves through the face at a point well inside all its edges.
 inline bool ConfirmExit(const TracerWorkAreas& work, int face, const Ray& r, double& t) {
     const TracerFaceArea& area = work.faces;
@@ -73,18 +77,17 @@ inline bool ConfirmExit(const TracerWorkAreas& work, int face, const Ray& r, dou
     const D4 vnum = Splat(num), vden = Splat(den), margin = Splat(kGuessMargin * den);
     D4 nearest = margin;
     const TracerEdgeArea& edges = work.edges;
+    static_assert(TracerEdgeArea::kBlockLines == kLanes, "one block of edges to a vector");
     for (int k = edges.firstBlock[f]; k < edges.firstBlock[f + 1]; ++k) {
         const TracerEdgeArea::Block& block = edges.blocks[std::size_t(k)];
-        for (std::size_t half = 0; half < std::size_t(TracerEdgeArea::kBlockLines); half += 4) {
-            D4 x, y, z, offset;
-            std::memcpy(&x, &block.x[half], sizeof x);
-            std::memcpy(&y, &block.y[half], sizeof y);
-            std::memcpy(&z, &block.z[half], sizeof z);
-            std::memcpy(&offset, &block.offset[half], sizeof offset);
-            const D4 atStart = x * px + y * py + z * pz - offset;
-            const D4 along = x * dx + y * dy + z * dz;
-            nearest = Min(nearest, atStart * vden + along * vnum);
-        }
+        D4 x, y, z, offset;
+        std::memcpy(&x, block.x.data(), sizeof x);
+        std::memcpy(&y, block.y.data(), sizeof y);
+        std::memcpy(&z, block.z.data(), sizeof z);
+        std::memcpy(&offset, block.offset.data(), sizeof offset);
+        const D4 atStart = x * px + y * py + z * pz - offset;
+        const D4 along = x * dx + y * dy + z * dz;
+        nearest = Min(nearest, atStart * vden + along * vnum);
     }
     return Bits(nearest >= margin) == 0xf;
 }
@@ -218,8 +221,8 @@ void Walk(BundleWalk& w) {
         dx = Select(alive, dx - ox * twice, dx);
         dy = Select(alive, dy - oy * twice, dy);
         dz = Select(alive, dz - oz * twice, dz);
-        for (int ch = 0; ch < 3; ++ch)
-            thr[ch] = Select(alive, thr[ch] * r, thr[ch]);
+        for (D4& channel : thr)
+            channel = Select(alive, channel * r, channel);
         alive &= ~(Max(Max(thr[0], thr[1]), thr[2]) < Splat(kNegligible));
     }
     for (int ch = 0; ch < 3; ++ch) {

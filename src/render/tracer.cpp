@@ -123,10 +123,11 @@ void PrepareEdges(const TraceScene& scene, int count) {
                   lines = edges.first[std::size_t(i) + 1] - first;
         const int blocks = std::max(1, (lines + kLines - 1) / kLines);
         for (int k = 0; k < blocks * kLines; ++k) {
-            TracerEdgeArea::Block& b = edges.blocks[std::size_t(block + k / kLines)];
+            TracerEdgeArea::Block& b = edges.blocks[std::size_t(block) + std::size_t(k / kLines)];
             const std::size_t lane = std::size_t(k % kLines);
-            const TracerEdgeArea::Line line =
-                k < lines ? edges.lines[std::size_t(first + k)] : TracerEdgeArea::Line{0, 0, 0, -1};
+            const TracerEdgeArea::Line line = k < lines
+                                                  ? edges.lines[std::size_t(first) + std::size_t(k)]
+                                                  : TracerEdgeArea::Line{0, 0, 0, -1};
             b.x[lane] = line.x;
             b.y[lane] = line.y;
             b.z[lane] = line.z;

@@ -41,12 +41,13 @@ struct TracerEdgeArea {
     };
     std::array<std::int32_t, kMaxFaces + 1> first{};
     std::array<Line, kCapacity> lines{};
-    // The same lines eight to a block, for testing them side by side; a face takes one
-    // block up to eight edges. Padding lines (0, 0, 0, -1) hold every point inside.
-    static constexpr int kBlockLines = 8;
+    // The same lines four to a block, for testing them side by side in one vector; most
+    // faces of a cut have three or four edges and take one block. Padding lines
+    // (0, 0, 0, -1) hold every point inside.
+    static constexpr int kBlockLines = 4;
     static constexpr int kBlocksPerFace = (kMaxFaceVertices + kBlockLines - 1) / kBlockLines;
     struct Block {
-        alignas(64) std::array<double, kBlockLines> x;
+        alignas(32) std::array<double, kBlockLines> x;
         std::array<double, kBlockLines> y, z, offset;
     };
     std::array<std::int32_t, kMaxFaces + 1> firstBlock{};

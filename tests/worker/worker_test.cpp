@@ -115,7 +115,8 @@ struct Protocol {
         worker.Quit();
     }
     void FinishRender() {
-        ASSERT_TRUE(sink.WaitFor("finished", ++renders));
+        // A large high-quality frame takes many seconds under ThreadSanitizer.
+        ASSERT_TRUE(sink.WaitFor("finished", ++renders, 60s));
         client.RenderFinished();  // the window's handling of the notification
     }
     SharedScene scene;
