@@ -128,7 +128,7 @@ expect_status 2 render --design "$out/open.asc" --out "$out/open.png"
 grep -q "line 3: the design is open" "$out/stderr" || { echo "FAIL: open design message: $(cat "$out/stderr")"; failures=$((failures + 1)); }
 
 # The shell's conventions: --help and -h everywhere, --version, --opt=value and --.
-for command in tables model preview render settings capture gif design batch; do
+for command in tables model preview render settings capture gif design batch metrics; do
   for help in --help -h; do
     expect_status 0 $command $help
     grep -q -- "--help" "$out/stdout" || { echo "FAIL: $command $help printed no options"; failures=$((failures + 1)); }
@@ -206,6 +206,28 @@ expect_status 2 model --design "$odd.asc" --cut 3 --json
 expect_status 0 preview --design "$odd.asc" --out "$out/design.png" --size 64
 [ -s "$out/design.png" ] || { echo "FAIL: preview --design"; failures=$((failures + 1)); }
 expect_status 2 preview --design "$out/open.asc" --out "$out/open.png"
+
+# Light performance: figures that parse and add up, a report of pictures, the lighting models.
+expect_status 0 metrics --size 64 --tilt-steps 3 --json
+python3 - "$out/stdout" <<'PY' || { echo "FAIL: metrics JSON"; failures=$((failures + 1)); }
+import json, sys
+m = json.load(open(sys.argv[1]))
+f = m["faceUp"]
+assert 0 < f["isoBrightness"] <= 100 and len(m["tilts"]) == 3, m
+assert abs(f["asetGreen"] + f["asetRed"] + f["asetBlue"] + f["asetBlack"] - 100) < 1e-6
+assert "fire" in f and "fire" not in m["tiltAverage"]
+PY
+expect_status 0 metrics --design "$out/Scissors.asc" --size 48 --tilt-steps 3 --report "$out/report"
+for f in iso cos aset spectral tilt; do
+  [ "$(head -c 4 "$out/report/$f.png" | tail -c 3)" = "PNG" ] || { echo "FAIL: report $f.png"; failures=$((failures + 1)); }
+done
+python3 -c 'import json,sys; json.load(open(sys.argv[1]))' "$out/report/metrics.json" \
+  || { echo "FAIL: report metrics.json"; failures=$((failures + 1)); }
+expect_status 2 metrics --tilt-steps 4
+expect_status 2 metrics --head-shadow 60
+expect_status 0 render --lighting aset --head-shadow 16 --size 48 --out "$out/aset.png"
+expect_status 0 render --spectral 8 --size 48 --out "$out/spectral.png"
+expect_status 2 render --lighting bogus --out "$out/x.png"
 
 if [ "$failures" -eq 0 ]; then echo "cli: all checks passed"; fi
 exit $((failures > 0))

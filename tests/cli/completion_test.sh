@@ -14,7 +14,7 @@ touch "$work/files/"{cut.asc,OLD.ASC,turn.sqi,shot.png,notes.txt,Setting.ini}
 
 # Each line: the words typed (the last one being completed) | the completions expected.
 cat >"$work/cases" <<'CASES'
-kirameki-cli |tables model preview render settings capture gif design batch --help --version
+kirameki-cli |tables model preview render settings capture gif design batch metrics --help --version
 kirameki-cli re|render
 kirameki-cli render --ou|--out
 kirameki-cli model --cut 3 --j|--json
