@@ -12,14 +12,6 @@
 
 namespace kirameki {
 
-class NullSink : public RenderSink {
-  public:
-    void RenderStarted() override {}
-    void RenderProgress(int) override {}
-    void RowsRendered(const FrameImage&, int, int) override {}
-    void RenderFinished() override {}
-};
-
 struct BenchScene {
     std::unique_ptr<GemModel> model = std::make_unique<GemModel>();
     std::unique_ptr<TracerWorkAreas> work = std::make_unique<TracerWorkAreas>();
@@ -39,7 +31,7 @@ struct BenchScene {
         WriteAllFaceData(*model);
     }
     void Render(int size, FrameImage& image, RenderThreads& threads) {
-        NullSink sink;
+        SilentRenderSink sink;
         RenderFrame(parameters, *model, view.LightDirection, {size, ScaleForSize(size)}, *work,
                     image, sink, {}, threads);
     }

@@ -35,7 +35,7 @@ void Capture128(benchmark::State& state) {
     run.geometry = {kSize, ScaleForSize(kSize)};
     RenderThreads threads;
     FrameImage image;
-    NullSink sink;
+    SilentRenderSink sink;
     SilentObserver observer;
     for (auto _ : state) {
         state.PauseTiming();

@@ -19,7 +19,7 @@ void LiveDrag200Steps(benchmark::State& state) {
     FrameImage image;
     const auto step = StepFrame({TurnAxis::kY, 1, false}, std::numbers::pi / 180.0);
     const int size = quick ? (270 + 1) / 2 : 270;
-    NullSink sink;
+    SilentRenderSink sink;
     for (auto _ : state) {
         ViewState view = InitialViewState();
         for (int i = 0; i < 200; ++i) {

@@ -25,14 +25,6 @@ namespace kirameki::cli {
 
 namespace {
 
-class QuietSink : public RenderSink {
-  public:
-    void RenderStarted() override {}
-    void RenderProgress(int) override {}
-    void RowsRendered(const FrameImage&, int, int) override {}
-    void RenderFinished() override {}
-};
-
 class ProgressObserver : public CaptureObserver {
   public:
     void FrameStarted(int index, int frameCount) override { bar_.Show(index, frameCount); }
@@ -116,7 +108,7 @@ int RunCaptureCommand(CaptureOptions& o, const CLI::App& app) {
     run.parameters.threads = scene.threads;
 
     FrameImage image;
-    QuietSink sink;
+    SilentRenderSink sink;
     CaptureOutcome outcome;
     {
         ProgressObserver observer;

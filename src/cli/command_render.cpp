@@ -26,14 +26,6 @@ namespace kirameki::cli {
 
 namespace {
 
-class SilentSink : public RenderSink {
-  public:
-    void RenderStarted() override {}
-    void RenderProgress(int) override {}
-    void RowsRendered(const FrameImage&, int, int) override {}
-    void RenderFinished() override {}
-};
-
 struct RenderOptions {
     SceneArguments scene;
     std::string out;
@@ -77,7 +69,7 @@ int RunRender(RenderOptions& o, const CLI::App& app) {
     auto work = std::make_unique<TracerWorkAreas>();
     const RenderGeometry geometry = GeometryFor(scene.settings);
     FrameImage image;
-    SilentSink sink;
+    SilentRenderSink sink;
     std::vector<double> times;
     for (int i = 0; i < o.repeat; ++i) {
         const auto start = std::chrono::steady_clock::now();

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "render/optics.h"
-#include "render/spectral_fire.h"
+#include "render/wavelength_fire.h"
 
 namespace kirameki {
 

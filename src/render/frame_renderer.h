@@ -50,6 +50,16 @@ class RenderSink {
     virtual void RenderFinished() = 0;
 };
 
+// A sink that tells nothing: for frames that are used only when finished (the command line,
+// a light study, the live view).
+class SilentRenderSink : public RenderSink {
+  public:
+    void RenderStarted() override {}
+    void RenderProgress(int) override {}
+    void RowsRendered(const FrameImage&, int, int) override {}
+    void RenderFinished() override {}
+};
+
 // Called once per row before the row is rendered; answers true when an abort was asked for.
 using AbortPoll = std::function<bool()>;
 

@@ -24,14 +24,6 @@ double Luminance(std::uint32_t pixel) {
     return 0.2126 * LightOf(pixel, 0) + 0.7152 * LightOf(pixel, 1) + 0.0722 * LightOf(pixel, 2);
 }
 
-class SilentSink : public RenderSink {
-  public:
-    void RenderStarted() override {}
-    void RenderProgress(int) override {}
-    void RowsRendered(const FrameImage&, int, int) override {}
-    void RenderFinished() override {}
-};
-
 // Renders the posed stone in one lighting, counting the pictures made.
 class PassRenderer {
   public:
@@ -54,7 +46,7 @@ class PassRenderer {
         p.highQuality = false;
         p.backColour = {0, 0, 0};
         const RenderGeometry geometry{setup_.size, ScaleForSize(setup_.size)};
-        SilentSink sink;
+        SilentRenderSink sink;
         const bool done =
             RenderFrame(p, model_, light_, geometry, work_, image, sink, abort_, threads_) == 1;
         if (progress_)

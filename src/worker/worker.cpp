@@ -35,15 +35,6 @@ class RenderForwarder : public RenderSink {
     WorkerSink& sink_;
 };
 
-// The live view's frames say nothing as they go: only the finished frame is shown.
-class QuietRender : public RenderSink {
-  public:
-    void RenderStarted() override {}
-    void RenderProgress(int) override {}
-    void RowsRendered(const FrameImage&, int, int) override {}
-    void RenderFinished() override {}
-};
-
 // Doubles every pixel of the quick pass into the picture's size.
 void Enlarge(const FrameImage& small, int size, FrameImage& large) {
     if (large.Width() != size || large.Height() != size)
@@ -369,7 +360,7 @@ void Worker::LiveFrames(bool refine) {
     parameters.highQuality = false;
     const RenderGeometry full = GeometryFor(settings_);
     const RenderGeometry half{(full.size + 1) / 2, ScaleForSize(full.size) / 2};
-    QuietRender quiet;
+    SilentRenderSink quiet;
     if (RenderFrame(parameters, *model_, view_.LightDirection, half, *work_, liveQuick_, quiet,
                     input, renderThreads_) == 0)
         return;

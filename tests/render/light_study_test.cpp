@@ -7,7 +7,7 @@
 #include "model/design.h"
 #include "model/design_solid.h"
 #include "model/model_builder.h"
-#include "render/spectral_fire.h"
+#include "render/wavelength_fire.h"
 
 namespace kirameki {
 namespace {

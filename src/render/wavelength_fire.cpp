@@ -1,4 +1,4 @@
-#include "render/spectral_fire.h"
+#include "render/wavelength_fire.h"
 
 #include <algorithm>
 #include <cmath>
