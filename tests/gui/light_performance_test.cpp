@@ -12,13 +12,6 @@
 
 namespace kirameki {
 
-QAction& Action(MainWindow& window, const QString& text) {
-    for (QAction* action : window.findChildren<QAction*>())
-        if (action->text() == text)
-            return *action;
-    qFatal("no menu item %s", qPrintable(text));
-}
-
 class LightPerformanceTest : public QObject {
     Q_OBJECT
 
@@ -26,12 +19,7 @@ class LightPerformanceTest : public QObject {
     void AStudyFillsTheWindowAndAnAbortKeepsTheLastOne() {
         QTemporaryDir dir;
         Viewer v(dir.path(), [](AppSettings& s) { s.imageSize = 96; });
-        QAction* menu = nullptr;
-        for (QAction* action : v.window->findChildren<QAction*>())
-            if (action->text() == "Light Performance... (&P)")
-                menu = action;
-        QVERIFY(menu);
-        menu->trigger();
+        MenuAction(*v.window, "Light Performance... (&P)").trigger();
         LightPerformanceWindow& window = v.window->LightPerformance();
         QVERIFY(window.isVisible());
 
@@ -64,8 +52,8 @@ class LightPerformanceTest : public QObject {
         QTemporaryDir dir;
         {
             Viewer v(dir.path(), [](AppSettings& s) { s.imageSize = 64; });
-            Action(*v.window, "ASET (&A)").trigger();
-            Action(*v.window, "Head Shadow (&H)").trigger();
+            MenuAction(*v.window, "ASET (&A)").trigger();
+            MenuAction(*v.window, "Head Shadow (&H)").trigger();
             const PictureLight light = v.session->Scene().Light();
             QCOMPARE(light.light.model, LightingModel::kAset);
             QCOMPARE(light.light.headShadow, 16.0);
@@ -81,7 +69,7 @@ class LightPerformanceTest : public QObject {
         }
         Viewer again(dir.path());
         QCOMPARE(again.session->Scene().Light().light.model, LightingModel::kAset);
-        QVERIFY(Action(*again.window, "Head Shadow (&H)").isChecked());
+        QVERIFY(MenuAction(*again.window, "Head Shadow (&H)").isChecked());
         QCOMPARE(QFileInfo(dir.path() + "/Setting.ini").size(), qint64(729));
     }
 };

@@ -34,13 +34,6 @@ namespace {
 
 constexpr int kScissorsCut = 8;  // no eight-fold symmetry: every eighth of a turn differs
 
-QAction& MenuAction(MainWindow& window, const QString& text) {
-    for (QAction* action : window.findChildren<QAction*>())
-        if (action->text() == text)
-            return *action;
-    qFatal("no menu item %s", qPrintable(text));
-}
-
 QPushButton& ButtonNamed(MainWindow& window, const QString& text) {
     for (QPushButton* button : window.findChildren<QPushButton*>())
         if (button->text() == text)

@@ -2,6 +2,7 @@
 // message boxes and file dialogs are answered by script.
 #pragma once
 
+#include <QAction>
 #include <QApplication>
 #include <QFile>
 #include <QTimer>
@@ -16,6 +17,14 @@
 #include "ui/setting_dialog.h"
 
 namespace kirameki {
+
+// The menu item with this text; the test ends when there is none.
+inline QAction& MenuAction(MainWindow& window, const QString& text) {
+    for (QAction* action : window.findChildren<QAction*>())
+        if (action->text() == text)
+            return *action;
+    qFatal("no menu item %s", qPrintable(text));
+}
 
 class ScriptedPrompter : public Prompter {
   public:
