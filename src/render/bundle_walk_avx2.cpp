@@ -92,6 +92,34 @@ inline bool ConfirmExit(const TracerWorkAreas& work, int face, const Ray& r, dou
     return Bits(nearest >= margin) == 0xf;
 }
 
+// ConfirmExit for every lane and one face, the lanes side by side: the lanes (as bits) whose
+// ray leaves through the face well inside all its edges, with their distances in t. Each
+// lane works out exactly the sums and products ConfirmExit works out for it.
+inline int ConfirmExitTogether(const TracerWorkAreas& work, int face, D4 px, D4 py, D4 pz, D4 dx,
+                               D4 dy, D4 dz, D4& t) {
+    t = Splat(0.0);
+    const TracerFaceArea& area = work.faces;
+    if (face < 0 || face >= area.faceCount)
+        return 0;
+    const std::size_t f = std::size_t(face);
+    const D4 nx = Splat(area.nx[f]), ny = Splat(area.ny[f]), nz = Splat(area.nz[f]);
+    const D4 b = nx * dx + ny * dy + nz * dz;
+    const D4 h = nx * px + ny * py + nz * pz - Splat(area.offset[f]);
+    const D4 num = Max(h, Splat(0.0)), den = -b;
+    t = num / den;
+    const D4 margin = Splat(kGuessMargin) * den;
+    D4 nearest = margin;
+    const TracerEdgeArea& edges = work.edges;
+    for (int e = edges.first[f]; e < edges.first[f + 1]; ++e) {
+        const TracerEdgeArea::Line& line = edges.lines[std::size_t(e)];
+        const D4 x = Splat(line.x), y = Splat(line.y), z = Splat(line.z);
+        const D4 atStart = x * px + y * py + z * pz - Splat(line.offset);
+        const D4 along = x * dx + y * dy + z * dz;
+        nearest = Min(nearest, atStart * den + along * num);
+    }
+    return Bits((b < Splat(0.0)) & (nearest >= margin));
+}
+
 // The full search for the face a ray leaves through, as the tracer does it: -1 when the
 // path ends.
 inline int SearchExit(const TracerFaceArea& area, const Ray& r, double& t) {
@@ -139,24 +167,41 @@ void Walk(BundleWalk& w) {
 
         // Each ray's face: the one it took at this level the time before (or the one the
         // ray before it takes now), confirmed as the tracer confirms it; the full search
-        // only when neither fits.
+        // only when neither fits. Mostly every ray remembers the same face: then it is
+        // confirmed for all of them at once.
         std::array<int, kLanes> face{};
         alignas(32) BundleWalk::Lanes ts{};
+        int confirmed = 0;  // lanes whose own face the shared test confirmed
+        int tested = 0;     // lanes whose own face the shared test has already tried
+        const int shared = remembered(first);
+        bool allShare = shared >= 0;
+        for (int l = first + 1; l < kLanes && allShare; ++l)
+            allShare = !(live >> l & 1) || remembered(l) == shared;
+        if (allShare) {
+            D4 t;
+            confirmed = ConfirmExitTogether(work, shared, px, py, pz, dx, dy, dz, t) & live;
+            tested = live;
+            Store(ts, t);
+        }
         int before = -1;
         for (int l = first; l < kLanes; ++l) {
             const std::size_t i = std::size_t(l);
             face[i] = 0;  // a placeholder for lanes that have ended
             if (!(live >> l & 1))
                 continue;
-            const Ray ray = {px[l], py[l], pz[l], dx[l], dy[l], dz[l]};
             const int own = remembered(l);
             int found = -1;
-            if (ConfirmExit(work, own, ray, ts[i]))
+            if (confirmed >> l & 1) {
                 found = own;
-            else if (before != own && ConfirmExit(work, before, ray, ts[i]))
-                found = before;
-            else
-                found = SearchExit(area, ray, ts[i]);
+            } else {
+                const Ray ray = {px[l], py[l], pz[l], dx[l], dy[l], dz[l]};
+                if (!(tested >> l & 1) && ConfirmExit(work, own, ray, ts[i]))
+                    found = own;
+                else if (before != own && ConfirmExit(work, before, ray, ts[i]))
+                    found = before;
+                else
+                    found = SearchExit(area, ray, ts[i]);
+            }
             if (found < 0) {
                 alive[l] = 0;  // the path ends here, as when the depth runs out
                 continue;

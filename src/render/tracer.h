@@ -154,6 +154,7 @@ struct BundleResults {
     std::array<int, kBundleRays> hits{};  // non-zero where the ray entered the stone
 };
 
+// Results past bundle.count are left as they are.
 void TraceBundle(const RayBundle& bundle, double outerIndex, double normalReflectance,
                  const TraceScene& scene, TracerBundleMemory& memory, BundleResults& results);
 
