@@ -6,11 +6,15 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
+#include <sstream>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "bench_scene.h"
+#include "model/design.h"
+#include "model/design_solid.h"
 #include "render/optics.h"
 
 namespace kirameki {
@@ -67,6 +71,28 @@ void RunFrame(benchmark::State& state, bool fire, int depth, bool hq, int size) 
         benchmark::Counter(segments * double(state.iterations()), benchmark::Counter::kIsRate);
 }
 
+// A 401-facet design (examples/designs/many_facets.asc) in place of the default cut.
+void ManyFacets(benchmark::State& state) {
+    std::ifstream file(std::string(KIRAMEKI_EXAMPLES_DIR) + "/designs/many_facets.asc");
+    std::stringstream text;
+    text << file.rdbuf();
+    const DesignRead read = ReadDesignText(text.str());
+    const SolidBuild build = read.ok ? BuildDesignSolid(read.design) : SolidBuild{};
+    Scene scene;
+    std::string error;
+    if (!build.ok || !FillModel(build.solid, *scene.model, error)) {
+        state.SkipWithError("the 401-facet design could not be built");
+        return;
+    }
+    scene.Turn(scene.view);
+    scene.parameters.threads = int(state.range(0));
+    FrameImage image;
+    RenderThreads threads;
+    for (auto _ : state)
+        scene.Render(270, image, threads);
+    state.counters["faces"] = scene.model->FaceCount;
+}
+
 const int kAllThreads = int(std::max(1u, std::thread::hardware_concurrency()));
 
 #define FRAME_BENCHMARK(name, ...)       \
@@ -80,6 +106,7 @@ FRAME_BENCHMARK(FireOff, false, 8, false, 270);
 FRAME_BENCHMARK(Depth20, true, 20, false, 270);
 FRAME_BENCHMARK(HighQuality, true, 8, true, 270);
 FRAME_BENCHMARK(Size512, true, 8, false, 512);
+BENCHMARK(ManyFacets)->Arg(1)->Arg(kAllThreads)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 double Median(std::vector<double> values) {
     std::sort(values.begin(), values.end());

@@ -219,6 +219,13 @@ def main():
     brilliant(d, smooth_outline(lambda phi: 1.0, 96, 40), 10)
     write("tenfold.asc", d, wrap=6)
 
+    # Thirty-two mains and a girdle of 176 facets: about 400 facets, for work that grows
+    # with the facet count.
+    d = Design(96, 8, True, 2.417, ["KD-8 Thirty-two-main round", "401 facets"],
+               ["The table has 64 corners; the girdle alone has 176 facets."])
+    brilliant(d, smooth_outline(lambda phi: 1.0, 96, 176), 32)
+    write("many_facets.asc", d)
+
 
 if __name__ == "__main__":
     main()

@@ -212,11 +212,12 @@ TEST(Design, EncodingsAndLineEndsAreReadAlike) {
 }
 
 // The designs shipped as examples, each in a style that circulates (CRLF, LF, Windows-1252,
-// continuation lines, fractional indices, a 64-tooth gear), read and build sound stones.
+// continuation lines, fractional indices, a 64-tooth gear, 401 facets), read and build sound
+// stones.
 TEST(Design, TheExampleDesignsBuildSoundStonesOfTheirShapes) {
     const std::map<std::string, double> lengthToWidth = {
-        {"emerald", 1.39},        {"oval", 1.39},   {"pear", 1.61},     {"round_64", 1.0},
-        {"round_brilliant", 1.0}, {"tenfold", 1.0}, {"trillion", 1.155}};
+        {"emerald", 1.39},        {"oval", 1.39},   {"pear", 1.61},      {"round_64", 1.0},
+        {"round_brilliant", 1.0}, {"tenfold", 1.0}, {"trillion", 1.155}, {"many_facets", 1.0}};
     int seen = 0;
     for (const auto& entry : std::filesystem::directory_iterator(KIRAMEKI_EXAMPLE_DESIGNS)) {
         if (entry.path().extension() != ".asc")
@@ -242,7 +243,7 @@ TEST(Design, TheExampleDesignsBuildSoundStonesOfTheirShapes) {
         }
         ++seen;
     }
-    EXPECT_EQ(seen, 7);
+    EXPECT_EQ(seen, 8);
 }
 
 }  // namespace
