@@ -117,7 +117,9 @@ inline int ConfirmExitTogether(const TracerWorkAreas& work, int face, D4 px, D4 
         const D4 along = x * dx + y * dy + z * dz;
         nearest = Min(nearest, atStart * den + along * num);
     }
-    return Bits((b < Splat(0.0)) & (nearest >= margin));
+    const M4 confirmed = (b < Splat(0.0)) & (nearest >= margin);
+    t = Select(confirmed, t, Splat(0.0));  // lanes not confirmed move by nothing
+    return Bits(confirmed);
 }
 
 // The full search for the face a ray leaves through, as the tracer does it: -1 when the
@@ -144,6 +146,11 @@ void Walk(BundleWalk& w) {
     const Lighting::Terms light = work.lighting.RadianceTerms();
     M4 alive;
     std::memcpy(&alive, w.alive.data(), sizeof alive);
+    // The lanes still moving: alive but for the last test of the light left, which waits on
+    // the Fresnel division. The search for the next faces and the moves along them go by
+    // this mask, so that they need not wait for that division; a lane whose light has just
+    // run out is moved one more time by nothing (its distance is 0) and then dropped.
+    M4 moving = alive;
     D4 px = Load(w.px), py = Load(w.py), pz = Load(w.pz);
     D4 dx = Load(w.dx), dy = Load(w.dy), dz = Load(w.dz);
     D4 thr[3] = {Load(w.throughput[0]), Load(w.throughput[1]), Load(w.throughput[2])};
@@ -156,9 +163,9 @@ void Walk(BundleWalk& w) {
 
     for (int level = 0; level < w.depth; ++level) {
         const int live = Bits(alive);
+        const int open = Bits(moving);
         if (live == 0)
             break;
-        const int first = __builtin_ctz(unsigned(live));
         const auto remembered = [&](int l) {
             return level < w.guesses[std::size_t(l)]
                        ? w.memory->rays[std::size_t(l)].exitFaces[std::size_t(level)]
@@ -167,24 +174,25 @@ void Walk(BundleWalk& w) {
 
         // Each ray's face: the one it took at this level the time before (or the one the
         // ray before it takes now), confirmed as the tracer confirms it; the full search
-        // only when neither fits. Mostly every ray remembers the same face: then it is
+        // only when neither fits. Mostly the rays remember the same face: then it is
         // confirmed for all of them at once.
         std::array<int, kLanes> face{};
         alignas(32) BundleWalk::Lanes ts{};
         int confirmed = 0;  // lanes whose own face the shared test confirmed
         int tested = 0;     // lanes whose own face the shared test has already tried
-        const int shared = remembered(first);
-        bool allShare = shared >= 0;
-        for (int l = first + 1; l < kLanes && allShare; ++l)
-            allShare = !(live >> l & 1) || remembered(l) == shared;
-        if (allShare) {
+        const int leader = __builtin_ctz(unsigned(open));  // open holds every live lane
+        const int shared = remembered(leader);
+        int sharers = 0;
+        for (int l = leader; l < kLanes; ++l)
+            sharers |= int((open >> l & 1) && remembered(l) == shared) << l;
+        if (shared >= 0 && (sharers & (sharers - 1)) != 0) {
             D4 t;
-            confirmed = ConfirmExitTogether(work, shared, px, py, pz, dx, dy, dz, t) & live;
-            tested = live;
+            confirmed = ConfirmExitTogether(work, shared, px, py, pz, dx, dy, dz, t) & sharers;
+            tested = sharers;
             Store(ts, t);
         }
         int before = -1;
-        for (int l = first; l < kLanes; ++l) {
+        for (int l = 0; l < kLanes; ++l) {
             const std::size_t i = std::size_t(l);
             face[i] = 0;  // a placeholder for lanes that have ended
             if (!(live >> l & 1))
@@ -203,7 +211,7 @@ void Walk(BundleWalk& w) {
                     found = SearchExit(area, ray, ts[i]);
             }
             if (found < 0) {
-                alive[l] = 0;  // the path ends here, as when the depth runs out
+                alive[l] = moving[l] = 0;  // the path ends here, as when the depth runs out
                 continue;
             }
             face[i] = before = found;
@@ -224,9 +232,9 @@ void Walk(BundleWalk& w) {
         const D4 oz = -D4{area.nz[std::size_t(face[0])], area.nz[std::size_t(face[1])],
                           area.nz[std::size_t(face[2])], area.nz[std::size_t(face[3])]};
         pathLength = Select(alive, pathLength + t, pathLength);
-        px = Select(alive, px + dx * t, px);
-        py = Select(alive, py + dy * t, py);
-        pz = Select(alive, pz + dz * t, pz);
+        px = Select(moving, px + dx * t, px);
+        py = Select(moving, py + dy * t, py);
+        pz = Select(moving, pz + dz * t, pz);
         if (absorbs)
             for (int c = 0; c < 3; ++c)
                 if (w.absorption[std::size_t(c)] != 0.0)
@@ -263,11 +271,12 @@ void Walk(BundleWalk& w) {
             lit[ch] = Select(leaves, lit[ch] + thr[ch] * (one - r) * seen, lit[ch]);
         }
         const D4 twice = Splat(2.0) * cosI;
-        dx = Select(alive, dx - ox * twice, dx);
-        dy = Select(alive, dy - oy * twice, dy);
-        dz = Select(alive, dz - oz * twice, dz);
+        dx = Select(moving, dx - ox * twice, dx);
+        dy = Select(moving, dy - oy * twice, dy);
+        dz = Select(moving, dz - oz * twice, dz);
         for (D4& channel : thr)
             channel = Select(alive, channel * r, channel);
+        moving = alive;
         alive &= ~(Max(Max(thr[0], thr[1]), thr[2]) < Splat(kNegligible));
     }
     for (int ch = 0; ch < 3; ++ch) {
