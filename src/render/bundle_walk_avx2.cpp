@@ -246,36 +246,43 @@ void Walk(BundleWalk& w) {
         const D4 cosI = dx * ox + dy * oy + dz * oz;
         const D4 sin2t = eta * eta * (one - cosI * cosI);
         const M4 reflects = sin2t >= one;
-        const D4 cosT = Sqrt(Select(reflects, zero, one - sin2t));
-        const D4 a = n1 * cosI, b = n2 * cosT, c = n1 * cosT, e = n2 * cosI;
-        const D4 sumS = a + b, sumP = c + e, diffS = a - b, diffP = c - e;
-        const D4 split = Splat(0.5) * (diffS * diffS * sumP * sumP + diffP * diffP * sumS * sumS) /
-                         (sumS * sumS * sumP * sumP);
-        const D4 fresnel = Select(reflects, one, split);
-        const D4 r = fresnel + lift * (one - fresnel);
-        const D4 bend = cosT - eta * cosI;
-        const D4 ex = dx * eta + ox * bend, ey = dy * eta + oy * bend, ez = dz * eta + oz * bend;
-
-        // The light seen along the refracted direction, as Lighting::Radiance has it.
-        const D4 facing = Max(
-            ex * Splat(light.toLight.x) + ey * Splat(light.toLight.y) + ez * Splat(light.toLight.z),
-            zero);
-        const D4 f2 = facing * facing;
-        const D4 key = Splat(light.main) * f2 * f2 * f2;
-        const D4 back = Select(ez > zero, ez * ez, zero);
-        const D4 fill = Splat(0.5) + Splat(0.5) * Max(ey, zero);
-        const D4 even = Splat(light.back) * back + Splat(light.fill) * fill;
         const M4 leaves = alive & ~reflects;
-        for (int ch = 0; ch < 3; ++ch) {
-            const D4 seen = even + Splat(light.backColour[std::size_t(ch)]) + key;
-            lit[ch] = Select(leaves, lit[ch] + thr[ch] * (one - r) * seen, lit[ch]);
-        }
         const D4 twice = Splat(2.0) * cosI;
-        dx = Select(moving, dx - ox * twice, dx);
-        dy = Select(moving, dy - oy * twice, dy);
-        dz = Select(moving, dz - oz * twice, dz);
-        for (D4& channel : thr)
-            channel = Select(alive, channel * r, channel);
+        const D4 rx = dx - ox * twice, ry = dy - oy * twice, rz = dz - oz * twice;
+        // Where every ray with light left is reflected totally, its reflectance is exactly 1:
+        // nothing leaves, and its light and what is left of it stay as they are.
+        if (Bits(leaves) != 0) {
+            const D4 cosT = Sqrt(Select(reflects, zero, one - sin2t));
+            const D4 a = n1 * cosI, b = n2 * cosT, c = n1 * cosT, e = n2 * cosI;
+            const D4 sumS = a + b, sumP = c + e, diffS = a - b, diffP = c - e;
+            const D4 split =
+                Splat(0.5) * (diffS * diffS * sumP * sumP + diffP * diffP * sumS * sumS) /
+                (sumS * sumS * sumP * sumP);
+            const D4 fresnel = Select(reflects, one, split);
+            const D4 r = fresnel + lift * (one - fresnel);
+            const D4 bend = cosT - eta * cosI;
+            const D4 ex = dx * eta + ox * bend, ey = dy * eta + oy * bend,
+                     ez = dz * eta + oz * bend;
+
+            // The light seen along the refracted direction, as Lighting::Radiance has it.
+            const D4 facing = Max(ex * Splat(light.toLight.x) + ey * Splat(light.toLight.y) +
+                                      ez * Splat(light.toLight.z),
+                                  zero);
+            const D4 f2 = facing * facing;
+            const D4 key = Splat(light.main) * f2 * f2 * f2;
+            const D4 back = Select(ez > zero, ez * ez, zero);
+            const D4 fill = Splat(0.5) + Splat(0.5) * Max(ey, zero);
+            const D4 even = Splat(light.back) * back + Splat(light.fill) * fill;
+            for (int ch = 0; ch < 3; ++ch) {
+                const D4 seen = even + Splat(light.backColour[std::size_t(ch)]) + key;
+                lit[ch] = Select(leaves, lit[ch] + thr[ch] * (one - r) * seen, lit[ch]);
+            }
+            for (D4& channel : thr)
+                channel = Select(alive, channel * r, channel);
+        }
+        dx = Select(moving, rx, dx);
+        dy = Select(moving, ry, dy);
+        dz = Select(moving, rz, dz);
         moving = alive;
         alive &= ~(Max(Max(thr[0], thr[1]), thr[2]) < Splat(kNegligible));
     }
