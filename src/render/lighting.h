@@ -65,6 +65,9 @@ class Lighting {
           highlightExponent_(narrowMainLight ? kNarrowHighlightExponent : kHighlightExponent) {
         for (int c = 0; c < 3; ++c)
             backColour_[c] = kBackColourGain * backColour[c] / 255.0;
+        // cos^6 averaged over the sphere is 1/14; the back light's squared cosine 1/6.
+        const double even = main_ / 14.0 + back_ / 6.0 + fill_ * 0.625;
+        classicAverage_ = {even + backColour_[0], even + backColour_[1], even + backColour_[2]};
         SetUp(setup);
     }
 
@@ -103,12 +106,8 @@ class Lighting {
     }
 
     // The mean light over all directions, for light whose path is not followed to the end.
-    std::array<double, 3> Average() const {
-        if (!IsClassic())
-            return environmentAverage_;
-        // cos^6 averaged over the sphere is 1/14; the back light's squared cosine 1/6.
-        const double even = main_ / 14.0 + back_ / 6.0 + fill_ * 0.625;
-        return {even + backColour_[0], even + backColour_[1], even + backColour_[2]};
+    const std::array<double, 3>& Average() const {
+        return IsClassic() ? classicAverage_ : environmentAverage_;
     }
 
     // The terms of Radiance, for code that works it out for several directions at once.
@@ -158,6 +157,7 @@ class Lighting {
     double sinHigh_ = 0.0;
     unsigned regions_ = 0;
     std::array<double, 3> environmentAverage_{};
+    std::array<double, 3> classicAverage_{};
     Vec3 toLight_;
     double main_ = 0.0;
     double back_ = 0.0;

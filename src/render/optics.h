@@ -64,9 +64,10 @@ struct Split {
     Vec3 direction;
 };
 
-inline Split SplitAt(Vec3 d, Vec3 n, double n1, double n2) {
+// The same with eta = n1 / n2 worked out by the caller, for rays that cross between the same
+// two indices again and again.
+inline Split SplitAt(Vec3 d, Vec3 n, double n1, double n2, double eta) {
     const double cosI = Dot(d, n);
-    const double eta = n1 / n2;
     const double sin2t = eta * eta * (1.0 - cosI * cosI);
     Split split;
     if (sin2t >= 1.0)
@@ -80,6 +81,10 @@ inline Split SplitAt(Vec3 d, Vec3 n, double n1, double n2) {
     split.refracted = true;
     split.direction = d * eta + n * (cosT - eta * cosI);
     return split;
+}
+
+inline Split SplitAt(Vec3 d, Vec3 n, double n1, double n2) {
+    return SplitAt(d, n, n1, n2, n1 / n2);
 }
 
 }  // namespace kirameki::optics

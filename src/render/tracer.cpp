@@ -386,7 +386,9 @@ void TraceBundle(const RayBundle& bundle, double outerIndex, double normalReflec
         return;
     }
     const Lighting& lighting = work.lighting;
-    const Vec3 d0 = Normalized(bundle.direction);
+    // A unit direction, as the frames give, is its own normal: Normalized would return it.
+    const Vec3 d0 = Dot(bundle.direction, bundle.direction) == 1.0 ? bundle.direction
+                                                                    : Normalized(bundle.direction);
 
     BundleWalk walk;
     walk.work = &work;
@@ -425,16 +427,27 @@ void TraceBundle(const RayBundle& bundle, double outerIndex, double normalReflec
         path.entryFace = face;
         path.exitCount = 0;
 
-        const double f0 = optics::NormalReflectance(outerIndex, stoneIndex);
-        const double lift = f0 < 1.0 ? (normalReflectance - f0) / (1.0 - f0) : 0.0;
-        const Crossing entering(outerIndex, stoneIndex, lift);
+        TracerBundleMemory::Crossings& crossings = memory.crossings[l];
+        if (crossings.outerIndex != outerIndex || crossings.stoneIndex != stoneIndex ||
+            crossings.normalReflectance != normalReflectance) {
+            const double f0 = optics::NormalReflectance(outerIndex, stoneIndex);
+            crossings = {outerIndex,
+                         stoneIndex,
+                         normalReflectance,
+                         f0 < 1.0 ? (normalReflectance - f0) / (1.0 - f0) : 0.0,
+                         outerIndex / stoneIndex,
+                         stoneIndex / outerIndex};
+        }
+        const double lift = crossings.lift;
         const Vec3 p = origin + d0 * tIn;
         const Vec3 normal = PlaneNormal(area, face);
         out.distance = tIn;
         out.entryFace = face;
         results.hits[l] = 1;
 
-        const optics::Split in = entering.At(d0, normal);
+        // Crossing::At with the ratio of the indices worked out once.
+        optics::Split in = optics::SplitAt(d0, normal, outerIndex, stoneIndex, crossings.inward);
+        in.reflectance += lift * (1.0 - in.reflectance);
         const double r = in.reflectance;
         // The highlight and the surroundings depend only on the reflected direction, the
         // same for rays from one origin.
@@ -460,7 +473,7 @@ void TraceBundle(const RayBundle& bundle, double outerIndex, double normalReflec
         walk.dy[l] = in.direction.y;
         walk.dz[l] = in.direction.z;
         walk.stone[l] = stoneIndex;
-        walk.eta[l] = stoneIndex / outerIndex;
+        walk.eta[l] = crossings.outward;
         walk.lift[l] = lift;
         for (std::size_t c = 0; c < 3; ++c)
             walk.throughput[c][l] = 1.0 - r;

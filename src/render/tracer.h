@@ -147,6 +147,16 @@ struct RayBundle {
 struct TracerBundleMemory {
     std::array<TracerPathMemory::Path, kBundleRays> rays{};
     TracerPathMemory single;  // for tracing ray by ray where there is no AVX2
+
+    // What each lane's crossings into and out of the stone share, worked out again only when
+    // its indices change (a frame traces the same few indices in every bundle).
+    struct Crossings {
+        double outerIndex = 0.0, stoneIndex = 0.0, normalReflectance = -1.0;
+        double lift = 0.0;     // the lift of the Fresnel curve
+        double inward = 0.0;   // outer index / stone index
+        double outward = 0.0;  // stone index / outer index
+    };
+    std::array<Crossings, kBundleRays> crossings{};
 };
 
 struct BundleResults {
