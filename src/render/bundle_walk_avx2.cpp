@@ -176,8 +176,8 @@ void Walk(BundleWalk& w) {
         // ray before it takes now), confirmed as the tracer confirms it; the full search
         // only when neither fits. Mostly the rays remember the same face: then it is
         // confirmed for all of them at once.
-        std::array<int, kLanes> face{};
         alignas(32) BundleWalk::Lanes ts{};
+        D4 sharedT = Splat(0.0);
         int confirmed = 0;  // lanes whose own face the shared test confirmed
         int tested = 0;     // lanes whose own face the shared test has already tried
         const int leader = __builtin_ctz(unsigned(open));  // open holds every live lane
@@ -186,51 +186,69 @@ void Walk(BundleWalk& w) {
         for (int l = leader; l < kLanes; ++l)
             sharers |= int((open >> l & 1) && remembered(l) == shared) << l;
         if (shared >= 0 && (sharers & (sharers - 1)) != 0) {
-            D4 t;
-            confirmed = ConfirmExitTogether(work, shared, px, py, pz, dx, dy, dz, t) & sharers;
+            confirmed =
+                ConfirmExitTogether(work, shared, px, py, pz, dx, dy, dz, sharedT) & sharers;
             tested = sharers;
-            Store(ts, t);
         }
-        int before = -1;
-        for (int l = 0; l < kLanes; ++l) {
-            const std::size_t i = std::size_t(l);
-            face[i] = 0;  // a placeholder for lanes that have ended
-            if (!(live >> l & 1))
-                continue;
-            const int own = remembered(l);
-            int found = -1;
-            if (confirmed >> l & 1) {
-                found = own;
-            } else {
-                const Ray ray = {px[l], py[l], pz[l], dx[l], dy[l], dz[l]};
-                if (!(tested >> l & 1) && ConfirmExit(work, own, ray, ts[i]))
-                    found = own;
-                else if (before != own && ConfirmExit(work, before, ray, ts[i]))
-                    found = before;
-                else
-                    found = SearchExit(area, ray, ts[i]);
-            }
-            if (found < 0) {
-                alive[l] = moving[l] = 0;  // the path ends here, as when the depth runs out
-                continue;
-            }
-            face[i] = before = found;
-            TracerPathMemory::Path& path = w.memory->rays[i];
+        const auto record = [&](int l, int found) {
+            TracerPathMemory::Path& path = w.memory->rays[std::size_t(l)];
             if (level < int(path.exitFaces.size())) {
                 path.exitFaces[std::size_t(level)] = found;
                 path.exitCount = level + 1;
             }
-            w.segments[i] = level + 1;
+            w.segments[std::size_t(l)] = level + 1;
+        };
+        D4 t, ox, oy, oz;
+        if ((confirmed & live) == live) {
+            // Every ray leaves through the shared face: its normal serves them all.
+            for (int l = 0; l < kLanes; ++l)
+                if (live >> l & 1)
+                    record(l, shared);
+            t = sharedT;
+            const std::size_t f = std::size_t(shared);
+            ox = Splat(-area.nx[f]);
+            oy = Splat(-area.ny[f]);
+            oz = Splat(-area.nz[f]);
+        } else {
+            Store(ts, sharedT);
+            std::array<int, kLanes> face{};
+            int before = -1;
+            for (int l = 0; l < kLanes; ++l) {
+                const std::size_t i = std::size_t(l);
+                face[i] = 0;  // a placeholder for lanes that have ended
+                if (!(live >> l & 1))
+                    continue;
+                const int own = remembered(l);
+                int found = -1;
+                if (confirmed >> l & 1) {
+                    found = own;
+                } else {
+                    const Ray ray = {px[l], py[l], pz[l], dx[l], dy[l], dz[l]};
+                    if (!(tested >> l & 1) && ConfirmExit(work, own, ray, ts[i]))
+                        found = own;
+                    else if (before != own && ConfirmExit(work, before, ray, ts[i]))
+                        found = before;
+                    else
+                        found = SearchExit(area, ray, ts[i]);
+                }
+                if (found < 0) {
+                    alive[l] = moving[l] = 0;  // the path ends here, as when the depth runs out
+                    continue;
+                }
+                face[i] = before = found;
+                record(l, found);
+            }
+            t = Load(ts);
+            const auto gather = [&face](const auto& normal) {
+                return -D4{normal[std::size_t(face[0])], normal[std::size_t(face[1])],
+                           normal[std::size_t(face[2])], normal[std::size_t(face[3])]};
+            };
+            ox = gather(area.nx);
+            oy = gather(area.ny);
+            oz = gather(area.nz);
         }
-        const D4 t = Load(ts);
 
         // Along the segment and out through the face: every lane side by side.
-        const D4 ox = -D4{area.nx[std::size_t(face[0])], area.nx[std::size_t(face[1])],
-                          area.nx[std::size_t(face[2])], area.nx[std::size_t(face[3])]};
-        const D4 oy = -D4{area.ny[std::size_t(face[0])], area.ny[std::size_t(face[1])],
-                          area.ny[std::size_t(face[2])], area.ny[std::size_t(face[3])]};
-        const D4 oz = -D4{area.nz[std::size_t(face[0])], area.nz[std::size_t(face[1])],
-                          area.nz[std::size_t(face[2])], area.nz[std::size_t(face[3])]};
         pathLength = Select(alive, pathLength + t, pathLength);
         px = Select(moving, px + dx * t, px);
         py = Select(moving, py + dy * t, py);
@@ -255,9 +273,9 @@ void Walk(BundleWalk& w) {
             const D4 cosT = Sqrt(Select(reflects, zero, one - sin2t));
             const D4 a = n1 * cosI, b = n2 * cosT, c = n1 * cosT, e = n2 * cosI;
             const D4 sumS = a + b, sumP = c + e, diffS = a - b, diffP = c - e;
-            const D4 split =
-                Splat(0.5) * (diffS * diffS * sumP * sumP + diffP * diffP * sumS * sumS) /
-                (sumS * sumS * sumP * sumP);
+            const D4 split = Splat(0.5) *
+                             (diffS * diffS * sumP * sumP + diffP * diffP * sumS * sumS) /
+                             (sumS * sumS * sumP * sumP);
             const D4 fresnel = Select(reflects, one, split);
             const D4 r = fresnel + lift * (one - fresnel);
             const D4 bend = cosT - eta * cosI;
