@@ -180,11 +180,14 @@ void Walk(BundleWalk& w) {
         D4 sharedT = Splat(0.0);
         int confirmed = 0;  // lanes whose own face the shared test confirmed
         int tested = 0;     // lanes whose own face the shared test has already tried
+        alignas(16) std::array<int, kLanes> own;
+        for (int l = 0; l < kLanes; ++l)
+            own[std::size_t(l)] = remembered(l);
         const int leader = __builtin_ctz(unsigned(open));  // open holds every live lane
-        const int shared = remembered(leader);
-        int sharers = 0;
-        for (int l = leader; l < kLanes; ++l)
-            sharers |= int((open >> l & 1) && remembered(l) == shared) << l;
+        const int shared = own[std::size_t(leader)];
+        const __m128i same = _mm_cmpeq_epi32(_mm_load_si128(reinterpret_cast<__m128i*>(own.data())),
+                                             _mm_set1_epi32(shared));
+        const int sharers = _mm_movemask_ps(_mm_castsi128_ps(same)) & open;
         if (shared >= 0 && (sharers & (sharers - 1)) != 0) {
             confirmed =
                 ConfirmExitTogether(work, shared, px, py, pz, dx, dy, dz, sharedT) & sharers;
@@ -218,15 +221,15 @@ void Walk(BundleWalk& w) {
                 face[i] = 0;  // a placeholder for lanes that have ended
                 if (!(live >> l & 1))
                     continue;
-                const int own = remembered(l);
+                const int guess = own[i];
                 int found = -1;
                 if (confirmed >> l & 1) {
-                    found = own;
+                    found = guess;
                 } else {
                     const Ray ray = {px[l], py[l], pz[l], dx[l], dy[l], dz[l]};
-                    if (!(tested >> l & 1) && ConfirmExit(work, own, ray, ts[i]))
-                        found = own;
-                    else if (before != own && ConfirmExit(work, before, ray, ts[i]))
+                    if (!(tested >> l & 1) && ConfirmExit(work, guess, ray, ts[i]))
+                        found = guess;
+                    else if (before != guess && ConfirmExit(work, before, ray, ts[i]))
                         found = before;
                     else
                         found = SearchExit(area, ray, ts[i]);
