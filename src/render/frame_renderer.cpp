@@ -158,90 +158,112 @@ class RowRenderer {
     std::array<double, kBundleRays> fireIndices_;
 };
 
-// Runs the rows on worker threads, released one at a time in order from the calling
-// thread, which polls for an abort before each row and reports the rows as they complete.
-// At most eight rows a thread are under way, so an abort stops the render within a few
-// milliseconds; the calling thread tops the rows up when half of them are done, so that it
-// wakes once per few rows rather than once per row.
+// Runs the rows on the calling thread and on threads - 1 helpers. The calling thread
+// releases the rows one at a time in order, polling for an abort before each, and reports
+// them as they complete; any thread takes the next released row. Rather than wait for the
+// helpers, the calling thread renders a row itself whenever a few released rows wait
+// untaken, so a frame costs no sleeping and waking beyond its start and end. An abort stops
+// the releasing; the rows released before it (a few a thread) are still drawn.
 class RowScheduler {
   public:
     RowScheduler(int rows, int threads, const RowRenderer& renderer, RenderThreads& pool)
         : rows_(rows),
-          window_(8 * threads),
-          lowWater_(4 * threads),
+          backlog_(4 * threads),
           done_(std::size_t(rows), 0),
           renderer_(renderer),
           pool_(pool) {
-        pool_.Start(threads, [this] { Work(); });
+        pool_.Start(threads - 1, [this] {
+            TracerBundleMemory memory;  // this thread's last paths, to guess the next ones
+            while (TakeAndRender(memory, true)) {
+            }
+        });
     }
     ~RowScheduler() {
-        {
-            std::lock_guard lock(mutex_);
-            stopping_ = true;
-        }
-        wake_.notify_all();
+        Stop();
         pool_.Wait();
     }
     RowScheduler(const RowScheduler&) = delete;
     RowScheduler& operator=(const RowScheduler&) = delete;
 
-    // Releases one more row; when the window is full, first waits until half of it is done.
-    void Release() {
-        std::unique_lock lock(mutex_);
-        if (released_ - completed_ >= window_)
-            progressed_.wait(lock, [&] { return released_ - completed_ <= lowWater_; });
-        ++released_;
+    // Lets one more row be taken; renders released rows on the calling thread while the
+    // backlog is full.
+    void Release(TracerBundleMemory& memory) {
+        int waiting;
+        {
+            std::lock_guard lock(mutex_);
+            waiting = ++released_ - taken_;
+        }
         wake_.notify_one();
+        while (waiting >= backlog_ && TakeAndRender(memory, false)) {
+            std::lock_guard lock(mutex_);
+            waiting = released_ - taken_;
+        }
     }
 
-    // Waits until every released row is finished.
+    // Renders on the calling thread every released row that no helper has taken.
+    void Finish(TracerBundleMemory& memory) {
+        while (TakeAndRender(memory, false)) {
+        }
+    }
+
+    // No row is taken after this.
+    void Stop() {
+        {
+            std::lock_guard lock(mutex_);
+            stopping_ = true;
+        }
+        wake_.notify_all();
+    }
+
+    // Waits until every row taken is finished; called once no more rows will be taken.
     void Drain() {
         std::unique_lock lock(mutex_);
-        progressed_.wait(lock, [&] { return completed_ == released_; });
+        finished_.wait(lock, [&] { return completed_ == taken_; });
     }
 
     // The count of finished rows and the length of the finished run from the top.
     void Finished(int& completed, int& prefix) {
         std::lock_guard lock(mutex_);
-        while (prefix_ < rows_ && done_[prefix_])
+        while (prefix_ < rows_ && done_[std::size_t(prefix_)])
             ++prefix_;
         completed = completed_;
         prefix = prefix_;
     }
 
   private:
-    void Work() {
-        TracerBundleMemory memory;  // this thread's last paths, to guess the next ones from
-        for (;;) {
-            int row;
-            {
-                std::unique_lock lock(mutex_);
-                wake_.wait(lock, [&] { return taken_ < released_ || stopping_; });
-                if (taken_ >= released_)
-                    return;
-                row = taken_++;
-            }
-            renderer_.Render(row, memory);
-            bool wake;
-            {
-                std::lock_guard lock(mutex_);
-                done_[row] = 1;
-                ++completed_;
-                wake = released_ - completed_ <= lowWater_;
-            }
-            if (wake)
-                progressed_.notify_all();
+    // Takes the next released row and renders it; false when there is none to take (a
+    // helper first waits for one, until every row is released or the render stops).
+    bool TakeAndRender(TracerBundleMemory& memory, bool wait) {
+        int row;
+        {
+            std::unique_lock lock(mutex_);
+            if (wait)
+                wake_.wait(lock,
+                           [&] { return stopping_ || taken_ < released_ || released_ == rows_; });
+            if (stopping_ || taken_ >= released_)
+                return false;
+            row = taken_++;
         }
+        renderer_.Render(row, memory);
+        bool idle;
+        {
+            std::lock_guard lock(mutex_);
+            done_[std::size_t(row)] = 1;
+            ++completed_;
+            idle = completed_ == taken_;
+        }
+        if (idle)
+            finished_.notify_all();
+        return true;
     }
 
     const int rows_;
-    const int window_;
-    const int lowWater_;
+    const int backlog_;
     std::vector<char> done_;
     const RowRenderer& renderer_;
     std::mutex mutex_;
     std::condition_variable wake_;
-    std::condition_variable progressed_;
+    std::condition_variable finished_;
     int released_ = 0;
     int taken_ = 0;
     int completed_ = 0;
@@ -345,6 +367,7 @@ int RenderFrame(const RenderParameters& parameters, const GemModel& model, Vec3 
     {
         const int threads = ThreadCount(parameters.threads);
         RowScheduler scheduler(rows, threads, renderer, pool);
+        TracerBundleMemory memory;  // the calling thread's last paths
         for (int py = 0; py < rows; ++py) {
             int completed, prefix;
             scheduler.Finished(completed, prefix);
@@ -353,8 +376,9 @@ int RenderFrame(const RenderParameters& parameters, const GemModel& model, Vec3 
                 aborted = true;
                 break;
             }
-            scheduler.Release();
+            scheduler.Release(memory);
         }
+        scheduler.Finish(memory);  // every row that passed its poll is drawn
         scheduler.Drain();
         int completed, prefix;
         scheduler.Finished(completed, prefix);

@@ -15,7 +15,7 @@ RenderThreads::~RenderThreads() {
 }
 
 void RenderThreads::Start(int count, std::function<void()> task) {
-    count = std::max(count, 1);
+    count = std::max(count, 0);
     {
         std::lock_guard lock(mutex_);
         while (int(threads_.size()) < count) {

@@ -20,8 +20,8 @@ class RenderThreads {
     RenderThreads(const RenderThreads&) = delete;
     RenderThreads& operator=(const RenderThreads&) = delete;
 
-    // Runs `task` once on each of `count` threads (at least one) and returns at once. The
-    // job before must have been waited for.
+    // Runs `task` once on each of `count` threads (none: the owner does all the work) and
+    // returns at once. The job before must have been waited for.
     void Start(int count, std::function<void()> task);
     // Returns when every thread of the job has come back from its task.
     void Wait();
