@@ -138,6 +138,25 @@ inline int SearchExit(const TracerFaceArea& area, const Ray& r, double& t) {
     return face;
 }
 
+// The face a ray leaves through when neither its own nor its neighbour's remembered face
+// fits: the face that followed the same two faces the last time a ray got here this way,
+// or else the full search, whose answer is then kept for the next ray.
+inline int FollowOrSearch(const TracerWorkAreas& work, TracerBundleMemory& memory, std::size_t lane,
+                          int level, int own, int before, const Ray& ray, double& t) {
+    const TracerPathMemory::Path& path = memory.rays[lane];
+    const auto faceAt = [&](int l) {
+        return l < 0 ? path.entryFace : path.exitFaces[std::size_t(l)];
+    };
+    const std::size_t key =
+        TracerBundleMemory::FollowKey(level >= 1 ? faceAt(level - 2) : -1, faceAt(level - 1));
+    const int next = memory.follow[key];
+    if (next != own && next != before && ConfirmExit(work, next, ray, t))
+        return next;
+    const int found = SearchExit(work.faces, ray, t);
+    memory.follow[key] = std::int16_t(found);
+    return found;
+}
+
 }  // namespace
 
 void Walk(BundleWalk& w) {
@@ -232,7 +251,8 @@ void Walk(BundleWalk& w) {
                     else if (before != guess && ConfirmExit(work, before, ray, ts[i]))
                         found = before;
                     else
-                        found = SearchExit(area, ray, ts[i]);
+                        found =
+                            FollowOrSearch(work, *w.memory, i, level, guess, before, ray, ts[i]);
                 }
                 if (found < 0) {
                     alive[l] = moving[l] = 0;  // the path ends here, as when the depth runs out

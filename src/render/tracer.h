@@ -157,6 +157,21 @@ struct TracerBundleMemory {
         double outward = 0.0;  // stone index / outer index
     };
     std::array<Crossings, kBundleRays> crossings{};
+
+    // Where a ray that has left the paths remembered above is guessed to go next: the face
+    // the last such ray went on to from the same two faces before (-1: none yet), in a small
+    // hashed table. A wrong guess costs one confirmation; the full search decides. On
+    // designs of hundreds of facets it spares about half the full searches.
+    static constexpr std::size_t kFollowSize = 4096;
+    std::array<std::int16_t, kFollowSize> follow = [] {
+        std::array<std::int16_t, kFollowSize> empty{};
+        empty.fill(-1);
+        return empty;
+    }();
+    static std::size_t FollowKey(int before, int last) {
+        return (std::size_t(unsigned(before + 1)) * 2654435761u ^ std::size_t(unsigned(last))) &
+               (kFollowSize - 1);
+    }
 };
 
 struct BundleResults {
