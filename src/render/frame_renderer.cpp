@@ -22,6 +22,16 @@ constexpr double kFloor = 20.0;
 constexpr double kColourCap = 240.0;
 constexpr double kPixelCap = 255.0;
 
+// std::lround for a channel value in [0, 255], without the library call: the fraction
+// v - trunc(v) is exact, so halves round up exactly as lround rounds them. Not a number
+// counts as 0.
+int RoundChannel(double v) {
+    if (!(v >= 0.0))
+        return 0;
+    const int whole = int(v);
+    return v - double(whole) >= 0.5 ? whole + 1 : whole;
+}
+
 int ClampByte(long value) {
     return int(std::clamp(value, 0L, 255L));
 }
@@ -301,7 +311,7 @@ std::uint32_t MapPixel(bool hit, double highlight, double red, double green, dou
         v += h;
         if (v > kPixelCap)
             v = kPixelCap;
-        channels[c] = int(std::lround(v));
+        channels[c] = RoundChannel(v);
     }
     return PackRgb(channels[0], channels[1], channels[2]);
 }

@@ -25,6 +25,25 @@ TEST(MapPixel, FloorsAndCapsAsTheColourMappingSays) {
     EXPECT_EQ(MapPixel(false, 0, 0, 0, 0, {300, -5, 0}), PackRgb(255, 0, 0));
 }
 
+TEST(MapPixel, RoundsEveryLevelAsTheLibraryRoundsIt) {
+    // Intensities that land on each level, on each half between two levels and a hair to
+    // either side of it.
+    const std::array<std::int32_t, 3> back = {0, 0, 0};
+    for (int level = 0; level < 220; ++level)
+        for (double offset : {0.0, 0.5, 0.25, 0.75}) {
+            const double target = level + offset;
+            for (double v : {target, std::nextafter(target, 0.0), std::nextafter(target, 256.0)}) {
+                const double intensity = (v - 20.0) / 1600.0;
+                const double mapped =
+                    std::min(std::max(intensity * 1600.0 + 20.0, 0.0), 240.0) + 20.0;
+                const int expected = int(std::lround(std::min(mapped, 255.0)));
+                EXPECT_EQ(MapPixel(true, 0.0, intensity, 0.0, 0.0, back) & 0xff,
+                          std::uint32_t(expected))
+                    << v;
+            }
+        }
+}
+
 TEST(FirePixel, AMissOnTheLastSampleGivesTheBackColour) {
     const std::array<std::int32_t, 3> back = {1, 2, 3};
     std::vector<double> indices;
