@@ -163,6 +163,7 @@ void Walk(BundleWalk& w) {
     const TracerWorkAreas& work = *w.work;
     const TracerFaceArea& area = work.faces;
     const Lighting::Terms light = work.lighting.RadianceTerms();
+    const bool classic = work.lighting.IsClassic();
     M4 alive;
     std::memcpy(&alive, w.alive.data(), sizeof alive);
     // The lanes still moving: alive but for the last test of the light left, which waits on
@@ -305,19 +306,35 @@ void Walk(BundleWalk& w) {
             const D4 ex = dx * eta + ox * bend, ey = dy * eta + oy * bend,
                      ez = dz * eta + oz * bend;
 
-            // The light seen along the refracted direction, as Lighting::Radiance has it.
-            const D4 facing = Max(ex * Splat(light.toLight.x) + ey * Splat(light.toLight.y) +
-                                      ez * Splat(light.toLight.z),
-                                  zero);
-            const D4 f2 = facing * facing;
-            const D4 key = Splat(light.main) * f2 * f2 * f2;
-            const D4 back = Select(ez > zero, ez * ez, zero);
-            const D4 fill = Splat(0.5) + Splat(0.5) * Max(ey, zero);
-            const D4 even = Splat(light.back) * back + Splat(light.fill) * fill;
-            for (int ch = 0; ch < 3; ++ch) {
-                const D4 seen = even + Splat(light.backColour[std::size_t(ch)]) + key;
-                lit[ch] = Select(leaves, lit[ch] + thr[ch] * (one - r) * seen, lit[ch]);
+            // The light seen along the refracted direction, as Lighting::Radiance has it:
+            // the classic lights side by side, the others ray by ray through it.
+            D4 seen[3];
+            if (classic) {
+                const D4 facing = Max(ex * Splat(light.toLight.x) + ey * Splat(light.toLight.y) +
+                                          ez * Splat(light.toLight.z),
+                                      zero);
+                const D4 f2 = facing * facing;
+                const D4 key = Splat(light.main) * f2 * f2 * f2;
+                const D4 back = Select(ez > zero, ez * ez, zero);
+                const D4 fill = Splat(0.5) + Splat(0.5) * Max(ey, zero);
+                const D4 even = Splat(light.back) * back + Splat(light.fill) * fill;
+                for (int ch = 0; ch < 3; ++ch)
+                    seen[ch] = even + Splat(light.backColour[std::size_t(ch)]) + key;
+            } else {
+                alignas(32) std::array<BundleWalk::Lanes, 3> lanes{};
+                const int leaving = Bits(leaves);
+                for (int l = 0; l < kLanes; ++l)
+                    if (leaving >> l & 1) {
+                        const std::array<double, 3> radiance =
+                            work.lighting.Radiance({ex[l], ey[l], ez[l]});
+                        for (std::size_t ch = 0; ch < 3; ++ch)
+                            lanes[ch][std::size_t(l)] = radiance[ch];
+                    }
+                for (std::size_t ch = 0; ch < 3; ++ch)
+                    seen[ch] = Load(lanes[ch]);
             }
+            for (int ch = 0; ch < 3; ++ch)
+                lit[ch] = Select(leaves, lit[ch] + thr[ch] * (one - r) * seen[ch], lit[ch]);
             for (D4& channel : thr)
                 channel = Select(alive, channel * r, channel);
         }

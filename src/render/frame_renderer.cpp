@@ -55,8 +55,8 @@ class RowRenderer {
     // samples of each pixel as one bundle; without, neighbouring pixels four at a time.
     void Render(int py, TracerBundleMemory& memory) const {
         const double oy = -double(py - centreY_) / scale_;
-        if (spectral_ || !scene_.work->lighting.IsClassic()) {
-            // The bundles know the classic light only; the other lights go ray by ray.
+        if (spectral_) {
+            // Spectral fire traces many indices a pixel: ray by ray.
             RenderRayByRay(py, oy, memory.single);
             return;
         }

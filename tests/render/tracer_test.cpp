@@ -275,6 +275,19 @@ TEST(Tracer, RaysTracedInBundlesGiveExactlyTheResultsOfRaysTracedAlone) {
     }
 }
 
+TEST(Tracer, BundlesUnderTheStandardLightsGiveExactlyTheResultsOfRaysTracedAlone) {
+    // The light leaving the stone is looked up ray by ray there; the walk must hand each
+    // ray's own direction to it.
+    for (const LightSetup& light :
+         {LightSetup{LightingModel::kIso, 0.0}, LightSetup{LightingModel::kAset, 0.0},
+          LightSetup{LightingModel::kClassic, 12.0}, LightSetup{LightingModel::kCos, 8.0}}) {
+        Stone stone(7, InitialViewState(), Normalized({0.3, -0.5, 0.8}));
+        stone.scene.light = light;
+        PrepareTracer(stone.scene);
+        ExpectBundlesTraceAsSingleRays(stone, true);
+    }
+}
+
 TEST(Tracer, TotalInternalReflectionKeepsTheLightInsideTheStone) {
     // Face on, a round brilliant's pavilion sends the light back up by total internal
     // reflection: the table must not come out dark at the default depth.
