@@ -52,15 +52,18 @@ class RowRenderer {
           fireIndices_(FireIndices(p)) {}
 
     // Renders one row with the path memory of the calling thread: with fire, the three
-    // samples of each pixel as one bundle; without, neighbouring pixels four at a time.
+    // samples of each pixel as one bundle; with spectral fire, the wavelengths of each pixel
+    // four at a time; without, neighbouring pixels four at a time.
     void Render(int py, TracerBundleMemory& memory) const {
         const double oy = -double(py - centreY_) / scale_;
+        const int width = image_.Width();
         if (spectral_) {
-            // Spectral fire traces many indices a pixel: ray by ray.
-            RenderRayByRay(py, oy, memory.single);
+            for (int px = 0; px < width; ++px)
+                image_.SetPixel(
+                    px, py,
+                    SpectralPixel({double(px - centreX_) / scale_, oy, kRayStartZ}, memory));
             return;
         }
-        const int width = image_.Width();
         RayBundle bundle;
         BundleResults results;
         if (p_.fire) {
@@ -111,47 +114,29 @@ class RowRenderer {
         return indices;
     }
 
-    void RenderRayByRay(int py, double oy, TracerPathMemory& memory) const {
-        TraceScene scene = scene_;
-        scene.memory = &memory;
-        for (int px = 0; px < image_.Width(); ++px) {
-            const Vec3 origin = {double(px - centreX_) / scale_, oy, kRayStartZ};
-            image_.SetPixel(px, py,
-                            spectral_ ? SpectralPixel(origin, scene)
-                            : p_.fire ? FirePixel(origin, scene)
-                                      : PlainPixel(origin, scene));
-        }
-    }
-
-    std::uint32_t PlainPixel(Vec3 origin, const TraceScene& scene) const {
-        TraceResults r;
-        const bool hit = Trace_TraceVector(origin, {0, 0, 1}, p_.outerIndex, p_.stoneIndex, 0, r0_,
-                                           scene, r) != 0;
-        return MapPixel(hit, r.highlight, r.colour[0], r.colour[1], r.colour[2], p_.backColour);
-    }
-
-    std::uint32_t FirePixel(Vec3 origin, const TraceScene& scene) const {
-        return kirameki::FirePixel(
-            [&](double index, TraceResults& r) {
-                return Trace_TraceVector(origin, {0, 0, 1}, p_.outerIndex, index, 0, r0_, scene,
-                                         r) != 0;
-            },
-            p_.stoneIndex, p_.fireSpread, p_.backColour);
-    }
-
-    // The pixel traced at each wavelength of the spectral fire; the back colour when a
-    // wavelength misses the stone, as with the three fire samples.
-    std::uint32_t SpectralPixel(Vec3 origin, const TraceScene& scene) const {
+    // The pixel traced at each wavelength of the spectral fire, the wavelengths in bundles
+    // of one origin; the back colour when a wavelength misses the stone, as with the three
+    // fire samples.
+    std::uint32_t SpectralPixel(Vec3 origin, TracerBundleMemory& memory) const {
         std::array<double, SpectralFire::kMaxSamples> light{};
         double highlight = 0.0;
-        for (int i = 0; i < spectral_->Count(); ++i) {
-            TraceResults r;
-            if (Trace_TraceVector(origin, {0, 0, 1}, p_.outerIndex, spectral_->IndexAt(i), 0, r0_,
-                                  scene, r) == 0)
-                return MapPixel(false, 0.0, 0.0, 0.0, 0.0, p_.backColour);
-            light[std::size_t(i)] = r.colour[std::size_t(spectral_->ChannelOf(i))];
-            if (i == spectral_->Middle())
-                highlight = r.highlight;
+        RayBundle bundle;
+        BundleResults results;
+        bundle.origins.fill(origin);
+        for (int first = 0; first < spectral_->Count(); first += kBundleRays) {
+            bundle.count = std::min(kBundleRays, spectral_->Count() - first);
+            for (int k = 0; k < bundle.count; ++k)
+                bundle.stoneIndices[std::size_t(k)] = spectral_->IndexAt(first + k);
+            TraceBundle(bundle, p_.outerIndex, r0_, scene_, memory, results);
+            for (int k = 0; k < bundle.count; ++k) {
+                const int i = first + k;
+                if (!results.hits[std::size_t(k)])
+                    return MapPixel(false, 0.0, 0.0, 0.0, 0.0, p_.backColour);
+                const TraceResults& r = results.rays[std::size_t(k)];
+                light[std::size_t(i)] = r.colour[std::size_t(spectral_->ChannelOf(i))];
+                if (i == spectral_->Middle())
+                    highlight = r.highlight;
+            }
         }
         const std::array<double, 3> rgb = spectral_->Compose(light.data());
         return MapPixel(true, highlight, rgb[0], rgb[1], rgb[2], p_.backColour);
