@@ -388,7 +388,7 @@ void TraceBundle(const RayBundle& bundle, double outerIndex, double normalReflec
     const Lighting& lighting = work.lighting;
     // A unit direction, as the frames give, is its own normal: Normalized would return it.
     const Vec3 d0 = Dot(bundle.direction, bundle.direction) == 1.0 ? bundle.direction
-                                                                    : Normalized(bundle.direction);
+                                                                   : Normalized(bundle.direction);
 
     BundleWalk walk;
     walk.work = &work;
