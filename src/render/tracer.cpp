@@ -41,16 +41,19 @@ double Height(const TracerFaceArea& area, int i, Vec3 p) {
 // depend only on the two indices worked out once per ray.
 class Crossing {
   public:
-    Crossing(double from, double to, double lift) : from_(from), to_(to), lift_(lift) {}
+    Crossing(double from, double to, double lift) : Crossing(from, to, lift, from / to) {}
+    // With the ratio from / to already worked out.
+    Crossing(double from, double to, double lift, double ratio)
+        : from_(from), to_(to), lift_(lift), ratio_(ratio) {}
     // Splits unit direction d at a surface whose unit normal n points into the new medium.
     optics::Split At(Vec3 d, Vec3 n) const {
-        optics::Split split = optics::SplitAt(d, n, from_, to_);
+        optics::Split split = optics::SplitAt(d, n, from_, to_, ratio_);
         split.reflectance += lift_ * (1.0 - split.reflectance);
         return split;
     }
 
   private:
-    double from_, to_, lift_;
+    double from_, to_, lift_, ratio_;
 };
 
 // True when the ray from p along d meets the plane of the face, entering the stone through
@@ -445,9 +448,8 @@ void TraceBundle(const RayBundle& bundle, double outerIndex, double normalReflec
         out.entryFace = face;
         results.hits[l] = 1;
 
-        // Crossing::At with the ratio of the indices worked out once.
-        optics::Split in = optics::SplitAt(d0, normal, outerIndex, stoneIndex, crossings.inward);
-        in.reflectance += lift * (1.0 - in.reflectance);
+        const Crossing entering(outerIndex, stoneIndex, lift, crossings.inward);
+        const optics::Split in = entering.At(d0, normal);
         const double r = in.reflectance;
         // The highlight and the surroundings depend only on the reflected direction, the
         // same for rays from one origin.
