@@ -9,9 +9,10 @@
 
 namespace kirameki {
 
-// Reduces the picture to a palette of at most 256 colours with libimagequant, dithered so that
-// the smooth gradients of a stone do not band. Answers false with one line in error when the
-// picture is empty or the quantiser fails; out is then left empty.
+// Reduces the picture to a palette of at most 256 colours, chosen by libimagequant and refined
+// by k-means, dithered so that the smooth gradients of a stone do not band. Colours that the
+// palette holds exactly (the background) are drawn exactly. Answers false with one line in error
+// when the picture is empty or the quantiser fails; out is then left empty.
 bool ReduceTo256Colours(const FrameImage& image, IndexedImage& out, std::string& error);
 
 // The background repair of every 256-colour picture: the quantiser may have moved the flat
