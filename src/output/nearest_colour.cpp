@@ -138,6 +138,16 @@ void NearestColour::PadToSteps(std::int32_t start) {
 }
 
 int NearestColour::Nearest(int r, int g, int b) {
+    // Dithering a flat facet asks for the same few colours again and again.
+    const std::uint32_t key = std::uint32_t(r) << 16 | std::uint32_t(g) << 8 | std::uint32_t(b);
+    const std::size_t slot = (key * 2654435761u) >> (32 - kRecentBits);
+    if (recentKey_[slot] == key + 1)
+        return recentIndex_[slot];
+    recentKey_[slot] = key + 1;
+    return recentIndex_[slot] = std::uint8_t(Search(r, g, b));
+}
+
+int NearestColour::Search(int r, int g, int b) {
     const Span cell = Cell(kLevels - 1, r, g, b);
     // (distance << 8 | index): the smallest is the nearest entry and, of entries equally
     // near, the first.

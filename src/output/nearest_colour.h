@@ -34,6 +34,7 @@ class NearestColour {
     static constexpr int kLevels = 3;
     static constexpr std::array<int, kLevels> kCellBits = {5, 4, 3};
 
+    int Search(int r, int g, int b);
     Span Cell(int level, int r, int g, int b);
     Span Build(int level, int r, int g, int b, Span from);
     // Repeats the last candidate until the list from start fills whole steps of four.
@@ -42,6 +43,10 @@ class NearestColour {
     Span palette_;  // the whole palette, the first entries of candidates_
     std::array<std::vector<Span>, kLevels> cells_;
     std::vector<Candidate> candidates_;
+    // The answers to recent questions, by colour (+ 1, so that 0 is free).
+    static constexpr int kRecentBits = 12;
+    std::array<std::uint32_t, 1 << kRecentBits> recentKey_{};
+    std::array<std::uint8_t, 1 << kRecentBits> recentIndex_{};
     // Exact colours: open addressing, at least twice as many slots as entries.
     static constexpr int kExactSlots = 512;
     std::array<std::uint32_t, kExactSlots> exactKey_{};  // rgb | 1 << 24 when used
