@@ -26,15 +26,21 @@ class SilentObserver : public CaptureObserver {
     void Turned(const GemModel&, const ViewState&) override {}
 };
 
-void Capture128(benchmark::State& state) {
-    BenchScene scene;
-    const fs::path dir = fs::temp_directory_path() / "kirameki-capture-benchmark";
+// A full turn of the scene's stone, its frames in dir.
+CaptureRun TurnOf(const BenchScene& scene, const fs::path& dir) {
     CaptureRun run;
     run.stem = (dir / "Gem").string();
     run.frameCount = kFrames;
     run.start = scene.view;
     run.parameters = scene.parameters;
     run.geometry = {kSize, ScaleForSize(kSize)};
+    return run;
+}
+
+void Capture128(benchmark::State& state) {
+    BenchScene scene;
+    const fs::path dir = fs::temp_directory_path() / "kirameki-capture-benchmark";
+    const CaptureRun run = TurnOf(scene, dir);
     RenderThreads threads;
     FrameImage image;
     SilentRenderSink sink;
@@ -69,12 +75,7 @@ BENCHMARK(Trace128)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1)
 void CaptureOverTracing(benchmark::State& state) {
     BenchScene scene;
     const fs::path dir = fs::temp_directory_path() / "kirameki-capture-benchmark";
-    CaptureRun run;
-    run.stem = (dir / "Gem").string();
-    run.frameCount = kFrames;
-    run.start = scene.view;
-    run.parameters = scene.parameters;
-    run.geometry = {kSize, ScaleForSize(kSize)};
+    const CaptureRun run = TurnOf(scene, dir);
     RenderThreads threads;
     FrameImage image;
     SilentRenderSink sink;
