@@ -26,60 +26,67 @@ class SilentObserver : public CaptureObserver {
     void Turned(const GemModel&, const ViewState&) override {}
 };
 
-// A full turn of the scene's stone, its frames in dir.
-CaptureRun TurnOf(const BenchScene& scene, const fs::path& dir) {
-    CaptureRun run;
-    run.stem = (dir / "Gem").string();
-    run.frameCount = kFrames;
-    run.start = scene.view;
-    run.parameters = scene.parameters;
-    run.geometry = {kSize, ScaleForSize(kSize)};
-    return run;
-}
+// A full turn of the default stone: captured into a fresh folder, or only traced.
+class Turn {
+  public:
+    Turn() {
+        run_.stem = (dir_ / "Gem").string();
+        run_.frameCount = kFrames;
+        run_.start = scene_.view;
+        run_.parameters = scene_.parameters;
+        run_.geometry = {kSize, ScaleForSize(kSize)};
+    }
+    ~Turn() { fs::remove_all(dir_); }
+    Turn(const Turn&) = delete;
+    Turn& operator=(const Turn&) = delete;
+
+    void ClearFolder() const {
+        fs::remove_all(dir_);
+        fs::create_directories(dir_);
+    }
+    void Capture() {
+        ViewState view = run_.start;
+        RunCapture(run_, *scene_.model, view, *scene_.work, image_, sink_, {}, observer_, threads_);
+    }
+    void Trace() {
+        for (int k = 0; k < kFrames; ++k) {
+            scene_.Turn(FrameOrientation(run_.start, k, kFrames, false));
+            scene_.Render(kSize, image_, threads_);
+        }
+    }
+
+  private:
+    BenchScene scene_;
+    const fs::path dir_ = fs::temp_directory_path() / "kirameki-capture-benchmark";
+    CaptureRun run_;
+    RenderThreads threads_;
+    FrameImage image_;
+    SilentRenderSink sink_;
+    SilentObserver observer_;
+};
 
 void Capture128(benchmark::State& state) {
-    BenchScene scene;
-    const fs::path dir = fs::temp_directory_path() / "kirameki-capture-benchmark";
-    const CaptureRun run = TurnOf(scene, dir);
-    RenderThreads threads;
-    FrameImage image;
-    SilentRenderSink sink;
-    SilentObserver observer;
+    Turn turn;
     for (auto _ : state) {
         state.PauseTiming();
-        fs::remove_all(dir);
-        fs::create_directories(dir);
+        turn.ClearFolder();
         state.ResumeTiming();
-        ViewState view = run.start;
-        RunCapture(run, *scene.model, view, *scene.work, image, sink, {}, observer, threads);
+        turn.Capture();
     }
-    fs::remove_all(dir);
 }
 BENCHMARK(Capture128)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1);
 
 void Trace128(benchmark::State& state) {
-    BenchScene scene;
-    const ViewState start = scene.view;
-    RenderThreads threads;
-    FrameImage image;
+    Turn turn;
     for (auto _ : state)
-        for (int k = 0; k < kFrames; ++k) {
-            scene.Turn(FrameOrientation(start, k, kFrames, false));
-            scene.Render(kSize, image, threads);
-        }
+        turn.Trace();
 }
 BENCHMARK(Trace128)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1);
 
 // The two side by side, alternating, so that both see the same state of the machine: the
 // fastest of three captures against the fastest of three tracings of the same frames.
 void CaptureOverTracing(benchmark::State& state) {
-    BenchScene scene;
-    const fs::path dir = fs::temp_directory_path() / "kirameki-capture-benchmark";
-    const CaptureRun run = TurnOf(scene, dir);
-    RenderThreads threads;
-    FrameImage image;
-    SilentRenderSink sink;
-    SilentObserver observer;
+    Turn turn;
     using Clock = std::chrono::steady_clock;
     const auto seconds = [](Clock::time_point from) {
         return std::chrono::duration<double>(Clock::now() - from).count();
@@ -87,21 +94,15 @@ void CaptureOverTracing(benchmark::State& state) {
     double capture = 1e9, trace = 1e9;
     for (auto _ : state) {
         for (int round = 0; round < 3; ++round) {
-            fs::remove_all(dir);
-            fs::create_directories(dir);
+            turn.ClearFolder();
             auto start = Clock::now();
-            ViewState view = run.start;
-            RunCapture(run, *scene.model, view, *scene.work, image, sink, {}, observer, threads);
+            turn.Capture();
             capture = std::min(capture, seconds(start));
             start = Clock::now();
-            for (int k = 0; k < kFrames; ++k) {
-                scene.Turn(FrameOrientation(run.start, k, kFrames, false));
-                scene.Render(kSize, image, threads);
-            }
+            turn.Trace();
             trace = std::min(trace, seconds(start));
         }
     }
-    fs::remove_all(dir);
     state.counters["capture s"] = capture;
     state.counters["trace s"] = trace;
     state.counters["ratio"] = capture / trace;
