@@ -200,14 +200,17 @@ void Walk(BundleWalk& w) {
         D4 sharedT = Splat(0.0);
         int confirmed = 0;  // lanes whose own face the shared test confirmed
         int tested = 0;     // lanes whose own face the shared test has already tried
-        alignas(16) std::array<int, kLanes> own;
+        std::array<int, kLanes> own;
         for (int l = 0; l < kLanes; ++l)
             own[std::size_t(l)] = remembered(l);
         const int leader = __builtin_ctz(unsigned(open));  // open holds every live lane
         const int shared = own[std::size_t(leader)];
-        const __m128i same = _mm_cmpeq_epi32(_mm_load_si128(reinterpret_cast<__m128i*>(own.data())),
-                                             _mm_set1_epi32(shared));
-        const int sharers = _mm_movemask_ps(_mm_castsi128_ps(same)) & open;
+        // Compared one by one: loading the four just stored as one vector would stall until
+        // the stores reach the cache.
+        int sharers = 0;
+        for (int l = 0; l < kLanes; ++l)
+            sharers |= int(own[std::size_t(l)] == shared) << l;
+        sharers &= open;
         if (shared >= 0 && (sharers & (sharers - 1)) != 0) {
             confirmed =
                 ConfirmExitTogether(work, shared, px, py, pz, dx, dy, dz, sharedT) & sharers;
