@@ -32,8 +32,7 @@ struct BundleWalk {
     alignas(32) std::array<Lanes, 3> light;
     alignas(32) Lanes pathLength;
     std::array<std::int64_t, kLanes> alive;  // -1 alive, 0 ended
-    std::array<int, kLanes> guesses;         // the faces remembered for each ray
-    std::array<int, kLanes> segments;
+    std::array<int, kLanes> segments;        // set by the walk
 
     // Makes every lane a ray that has ended, with harmless values. Array by array: cleared as
     // one block, the lanes compile to a string store that costs more than the stores do.
@@ -43,7 +42,6 @@ struct BundleWalk {
             *lanes = Lanes{};
         stone = eta = Lanes{1.0, 1.0, 1.0, 1.0};
         alive = {};
-        guesses = segments = {};
     }
 };
 

@@ -55,12 +55,35 @@ inline int Bits(M4 m) {
     return _mm256_movemask_pd(reinterpret_cast<__m256d>(m));
 }
 
+// The mask of each lane alone.
+constexpr M4 kLane[kLanes] = {{-1, 0, 0, 0}, {0, -1, 0, 0}, {0, 0, -1, 0}, {0, 0, 0, -1}};
+
+// The lanes of each set of lane bits, as masks of four 32-bit lanes. A constant table:
+// nothing in this file may run before the processor is known to have AVX2.
+struct LaneMasks32 {
+    alignas(16) std::int32_t lanes[16][4];
+};
+constexpr LaneMasks32 kLaneMasks32 = [] {
+    LaneMasks32 masks{};
+    for (int bits = 0; bits < 16; ++bits)
+        for (int l = 0; l < 4; ++l)
+            masks.lanes[bits][l] = -(bits >> l & 1);
+    return masks;
+}();
+inline __m128i Lanes32(int bits) {
+    return _mm_load_si128(reinterpret_cast<const __m128i*>(kLaneMasks32.lanes[bits]));
+}
+
 struct Ray {
     double px, py, pz, dx, dy, dz;
 };
 
 // The tracer's ConfirmFace for a ray leaving the stone, its edges tested four at a time:
-// true when the ray leaves through the face at a point well inside all its edges.
+// true when the ray leaves through the face at a point well inside all its edges. The
+// edges are tested at the crossing multiplied through by den (> 0), p * den + d * num, so
+// the tests need not wait for the division. Rounded otherwise than the tracer's test, it
+// can differ from it only within a rounding of the margin, where the crossing is still far
+// inside the face: a face it confirms is the face the full search finds.
 inline bool ConfirmExit(const TracerWorkAreas& work, int face, const Ray& r, double& t) {
     const TracerFaceArea& area = work.faces;
     if (face < 0 || face >= area.faceCount)
@@ -72,9 +95,9 @@ inline bool ConfirmExit(const TracerWorkAreas& work, int face, const Ray& r, dou
     const double h = area.nx[f] * r.px + area.ny[f] * r.py + area.nz[f] * r.pz - area.offset[f];
     const double num = std::max(h, 0.0), den = -b;
     t = num / den;
-    const D4 px = Splat(r.px), py = Splat(r.py), pz = Splat(r.pz);
-    const D4 dx = Splat(r.dx), dy = Splat(r.dy), dz = Splat(r.dz);
-    const D4 vnum = Splat(num), vden = Splat(den), margin = Splat(kGuessMargin * den);
+    const D4 qx = Splat(r.px * den + r.dx * num), qy = Splat(r.py * den + r.dy * num),
+             qz = Splat(r.pz * den + r.dz * num);
+    const D4 vden = Splat(den), margin = Splat(kGuessMargin * den);
     D4 nearest = margin;
     const TracerEdgeArea& edges = work.edges;
     static_assert(TracerEdgeArea::kBlockLines == kLanes, "one block of edges to a vector");
@@ -85,16 +108,14 @@ inline bool ConfirmExit(const TracerWorkAreas& work, int face, const Ray& r, dou
         std::memcpy(&y, block.y.data(), sizeof y);
         std::memcpy(&z, block.z.data(), sizeof z);
         std::memcpy(&offset, block.offset.data(), sizeof offset);
-        const D4 atStart = x * px + y * py + z * pz - offset;
-        const D4 along = x * dx + y * dy + z * dz;
-        nearest = Min(nearest, atStart * vden + along * vnum);
+        nearest = Min(nearest, x * qx + y * qy + z * qz - offset * vden);
     }
     return Bits(nearest >= margin) == 0xf;
 }
 
 // ConfirmExit for every lane and one face, the lanes side by side: the lanes (as bits) whose
-// ray leaves through the face well inside all its edges, with their distances in t. Each
-// lane works out exactly the sums and products ConfirmExit works out for it.
+// ray leaves through the face well inside all its edges, with their distances in t, worked
+// out exactly as ConfirmExit works them out.
 inline int ConfirmExitTogether(const TracerWorkAreas& work, int face, D4 px, D4 py, D4 pz, D4 dx,
                                D4 dy, D4 dz, D4& t) {
     t = Splat(0.0);
@@ -107,15 +128,14 @@ inline int ConfirmExitTogether(const TracerWorkAreas& work, int face, D4 px, D4 
     const D4 h = nx * px + ny * py + nz * pz - Splat(area.offset[f]);
     const D4 num = Max(h, Splat(0.0)), den = -b;
     t = num / den;
+    const D4 qx = px * den + dx * num, qy = py * den + dy * num, qz = pz * den + dz * num;
     const D4 margin = Splat(kGuessMargin) * den;
     D4 nearest = margin;
     const TracerEdgeArea& edges = work.edges;
     for (int e = edges.first[f]; e < edges.first[f + 1]; ++e) {
         const TracerEdgeArea::Line& line = edges.lines[std::size_t(e)];
-        const D4 x = Splat(line.x), y = Splat(line.y), z = Splat(line.z);
-        const D4 atStart = x * px + y * py + z * pz - Splat(line.offset);
-        const D4 along = x * dx + y * dy + z * dz;
-        nearest = Min(nearest, atStart * den + along * num);
+        nearest = Min(nearest, Splat(line.x) * qx + Splat(line.y) * qy + Splat(line.z) * qz -
+                                   Splat(line.offset) * den);
     }
     const M4 confirmed = (b < Splat(0.0)) & (nearest >= margin);
     t = Select(confirmed, t, Splat(0.0));  // lanes not confirmed move by nothing
@@ -143,9 +163,8 @@ inline int SearchExit(const TracerFaceArea& area, const Ray& r, double& t) {
 // or else the full search, whose answer is then kept for the next ray.
 inline int FollowOrSearch(const TracerWorkAreas& work, TracerBundleMemory& memory, std::size_t lane,
                           int level, int own, int before, const Ray& ray, double& t) {
-    const TracerPathMemory::Path& path = memory.rays[lane];
     const auto faceAt = [&](int l) {
-        return l < 0 ? path.entryFace : path.exitFaces[std::size_t(l)];
+        return l < 0 ? memory.entryFaces[lane] : memory.exitFaces[std::size_t(l)][lane];
     };
     const std::size_t key =
         TracerBundleMemory::FollowKey(level >= 1 ? faceAt(level - 2) : -1, faceAt(level - 1));
@@ -162,6 +181,8 @@ inline int FollowOrSearch(const TracerWorkAreas& work, TracerBundleMemory& memor
 void Walk(BundleWalk& w) {
     const TracerWorkAreas& work = *w.work;
     const TracerFaceArea& area = work.faces;
+    TracerBundleMemory& memory = *w.memory;
+    __m128i segments = _mm_setzero_si128();  // of each lane: less a mask of -1 counts one
     const Lighting::Terms light = work.lighting.RadianceTerms();
     const bool classic = work.lighting.IsClassic();
     M4 alive;
@@ -186,57 +207,36 @@ void Walk(BundleWalk& w) {
         const int open = Bits(moving);
         if (live == 0)
             break;
-        const auto remembered = [&](int l) {
-            return level < w.guesses[std::size_t(l)]
-                       ? w.memory->rays[std::size_t(l)].exitFaces[std::size_t(level)]
-                       : -1;
-        };
-
         // Each ray's face: the one it took at this level the time before (or the one the
         // ray before it takes now), confirmed as the tracer confirms it; the full search
         // only when neither fits. Mostly the rays remember the same face: then it is
         // confirmed for all of them at once.
-        alignas(32) BundleWalk::Lanes ts{};
+        std::array<std::int32_t, kLanes>& faces = memory.exitFaces[std::size_t(level)];
+        const __m128i own = _mm_load_si128(reinterpret_cast<const __m128i*>(faces.data()));
+        const int leader = __builtin_ctz(unsigned(open));  // open holds every live lane
+        const int shared = faces[std::size_t(leader)];
+        const int sharers =
+            _mm_movemask_ps(_mm_castsi128_ps(_mm_cmpeq_epi32(own, _mm_set1_epi32(shared)))) & open;
         D4 sharedT = Splat(0.0);
         int confirmed = 0;  // lanes whose own face the shared test confirmed
         int tested = 0;     // lanes whose own face the shared test has already tried
-        std::array<int, kLanes> own;
-        for (int l = 0; l < kLanes; ++l)
-            own[std::size_t(l)] = remembered(l);
-        const int leader = __builtin_ctz(unsigned(open));  // open holds every live lane
-        const int shared = own[std::size_t(leader)];
-        // Compared one by one: loading the four just stored as one vector would stall until
-        // the stores reach the cache.
-        int sharers = 0;
-        for (int l = 0; l < kLanes; ++l)
-            sharers |= int(own[std::size_t(l)] == shared) << l;
-        sharers &= open;
         if (shared >= 0 && (sharers & (sharers - 1)) != 0) {
             confirmed =
                 ConfirmExitTogether(work, shared, px, py, pz, dx, dy, dz, sharedT) & sharers;
             tested = sharers;
         }
-        const auto record = [&](int l, int found) {
-            TracerPathMemory::Path& path = w.memory->rays[std::size_t(l)];
-            if (level < int(path.exitFaces.size())) {
-                path.exitFaces[std::size_t(level)] = found;
-                path.exitCount = level + 1;
-            }
-            w.segments[std::size_t(l)] = level + 1;
-        };
         D4 t, ox, oy, oz;
         if ((confirmed & live) == live) {
             // Every ray leaves through the shared face: its normal serves them all.
-            for (int l = 0; l < kLanes; ++l)
-                if (live >> l & 1)
-                    record(l, shared);
+            _mm_store_si128(reinterpret_cast<__m128i*>(faces.data()),
+                            _mm_blendv_epi8(own, _mm_set1_epi32(shared), Lanes32(live)));
             t = sharedT;
             const std::size_t f = std::size_t(shared);
             ox = Splat(-area.nx[f]);
             oy = Splat(-area.ny[f]);
             oz = Splat(-area.nz[f]);
         } else {
-            Store(ts, sharedT);
+            t = sharedT;
             std::array<int, kLanes> face{};
             int before = -1;
             for (int l = 0; l < kLanes; ++l) {
@@ -244,28 +244,28 @@ void Walk(BundleWalk& w) {
                 face[i] = 0;  // a placeholder for lanes that have ended
                 if (!(live >> l & 1))
                     continue;
-                const int guess = own[i];
+                const int guess = faces[i];
                 int found = -1;
                 if (confirmed >> l & 1) {
                     found = guess;
                 } else {
                     const Ray ray = {px[l], py[l], pz[l], dx[l], dy[l], dz[l]};
-                    if (!(tested >> l & 1) && ConfirmExit(work, guess, ray, ts[i]))
+                    double lane = 0.0;
+                    if (!(tested >> l & 1) && ConfirmExit(work, guess, ray, lane))
                         found = guess;
-                    else if (before != guess && ConfirmExit(work, before, ray, ts[i]))
+                    else if (before != guess && ConfirmExit(work, before, ray, lane))
                         found = before;
                     else
-                        found =
-                            FollowOrSearch(work, *w.memory, i, level, guess, before, ray, ts[i]);
+                        found = FollowOrSearch(work, memory, i, level, guess, before, ray, lane);
+                    // Blended in place: four lone stores read back as one vector would stall.
+                    t = Select(kLane[l], Splat(lane), t);
                 }
                 if (found < 0) {
                     alive[l] = moving[l] = 0;  // the path ends here, as when the depth runs out
                     continue;
                 }
-                face[i] = before = found;
-                record(l, found);
+                face[i] = faces[i] = before = found;
             }
-            t = Load(ts);
             const auto gather = [&face](const auto& normal) {
                 return -D4{normal[std::size_t(face[0])], normal[std::size_t(face[1])],
                            normal[std::size_t(face[2])], normal[std::size_t(face[3])]};
@@ -274,6 +274,8 @@ void Walk(BundleWalk& w) {
             oy = gather(area.ny);
             oz = gather(area.nz);
         }
+
+        segments = _mm_sub_epi32(segments, Lanes32(Bits(alive)));
 
         // Along the segment and out through the face: every lane side by side.
         pathLength = Select(alive, pathLength + t, pathLength);
@@ -352,6 +354,7 @@ void Walk(BundleWalk& w) {
         Store(w.light[std::size_t(ch)], lit[ch]);
     }
     Store(w.pathLength, pathLength);
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(w.segments.data()), segments);
 }
 
 }  // namespace kirameki::bundle_walk_avx2

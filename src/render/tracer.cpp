@@ -378,8 +378,8 @@ void TraceBundle(const RayBundle& bundle, double outerIndex, double normalReflec
     const TracerFaceArea& area = work.faces;
     if (area.faceCount == 0 || n == 0)
         return;
-    if (!area.search.walk) {
-        // No vector walk on this processor: ray by ray.
+    if (!area.search.walk || scene.depth > TracerBundleMemory::kLevels) {
+        // No vector walk on this processor, or deeper than it remembers: ray by ray.
         TraceScene single = scene;
         single.memory = &memory.single;
         for (std::size_t l = 0; l < n; ++l)
@@ -410,7 +410,6 @@ void TraceBundle(const RayBundle& bundle, double outerIndex, double normalReflec
     // The entry of each ray and the split there, as Trace_TraceVector works them out.
     for (std::size_t l = 0; l < n; ++l) {
         TraceResults& out = results.rays[l];
-        TracerPathMemory::Path& path = memory.rays[l];
         const Vec3 origin = bundle.origins[l];
         const double stoneIndex = bundle.stoneIndices[l];
         const bool sameRay = l > 0 && SamePoint(origin, bundle.origins[l - 1]);
@@ -422,13 +421,11 @@ void TraceBundle(const RayBundle& bundle, double outerIndex, double normalReflec
                 continue;
             face = results.rays[l - 1].entryFace;
             tIn = results.rays[l - 1].distance;
-        } else if (!FindEntry(work, origin, d0, path.entryFace,
+        } else if (!FindEntry(work, origin, d0, memory.entryFaces[l],
                               l > 0 ? results.rays[l - 1].entryFace : -1, face, tIn)) {
             continue;
         }
-        walk.guesses[l] = path.exitCount;
-        path.entryFace = face;
-        path.exitCount = 0;
+        memory.entryFaces[l] = face;
 
         TracerBundleMemory::Crossings& crossings = memory.crossings[l];
         if (crossings.outerIndex != outerIndex || crossings.stoneIndex != stoneIndex ||

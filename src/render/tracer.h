@@ -145,7 +145,18 @@ struct RayBundle {
 // The paths the rays of the last bundle took, to guess the faces of the next bundle from
 // (one per thread).
 struct TracerBundleMemory {
-    std::array<TracerPathMemory::Path, kBundleRays> rays{};
+    // The faces each ray of the last bundles took, lane by lane: the face it entered through
+    // and the face it left through at each level, a row of four lanes to a level so that the
+    // lanes are compared at once. Where the last path ended sooner, an older path's face
+    // stands: a guess, confirmed like any other.
+    static constexpr int kLevels = 24;  // deeper walks trace ray by ray
+    std::array<int, kBundleRays> entryFaces = {-1, -1, -1, -1};
+    alignas(16) std::array<std::array<std::int32_t, kBundleRays>, kLevels> exitFaces = [] {
+        std::array<std::array<std::int32_t, kBundleRays>, kLevels> none{};
+        for (auto& row : none)
+            row.fill(-1);
+        return none;
+    }();
     TracerPathMemory single;  // for tracing ray by ray where there is no AVX2
 
     // What each lane's crossings into and out of the stone share, worked out again only when
