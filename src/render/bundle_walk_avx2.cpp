@@ -188,9 +188,9 @@ void Walk(BundleWalk& w) {
     M4 alive;
     std::memcpy(&alive, w.alive.data(), sizeof alive);
     // The lanes still moving: alive but for the last test of the light left, which waits on
-    // the Fresnel division. The search for the next faces and the moves along them go by
-    // this mask, so that they need not wait for that division; a lane whose light has just
-    // run out is moved one more time by nothing (its distance is 0) and then dropped.
+    // the Fresnel division. The search for the next faces goes by this mask, so that it need
+    // not wait for that division. Every lane moves and turns with the others: a lane that
+    // has ended is moved by nothing, or on a path whose place and direction nobody reads.
     M4 moving = alive;
     D4 px = Load(w.px), py = Load(w.py), pz = Load(w.pz);
     D4 dx = Load(w.dx), dy = Load(w.dy), dz = Load(w.dz);
@@ -279,9 +279,9 @@ void Walk(BundleWalk& w) {
 
         // Along the segment and out through the face: every lane side by side.
         pathLength = Select(alive, pathLength + t, pathLength);
-        px = Select(moving, px + dx * t, px);
-        py = Select(moving, py + dy * t, py);
-        pz = Select(moving, pz + dz * t, pz);
+        px = px + dx * t;
+        py = py + dy * t;
+        pz = pz + dz * t;
         if (absorbs)
             for (int c = 0; c < 3; ++c)
                 if (w.absorption[std::size_t(c)] != 0.0)
@@ -343,9 +343,9 @@ void Walk(BundleWalk& w) {
             for (D4& channel : thr)
                 channel = Select(alive, channel * r, channel);
         }
-        dx = Select(moving, rx, dx);
-        dy = Select(moving, ry, dy);
-        dz = Select(moving, rz, dz);
+        dx = rx;
+        dy = ry;
+        dz = rz;
         moving = alive;
         alive &= ~(Max(Max(thr[0], thr[1]), thr[2]) < Splat(kNegligible));
     }
