@@ -7,9 +7,10 @@
 
 namespace kirameki {
 
-// The rays of a bundle inside the stone, one lane each, handed from the tracer to the walk
-// (compiled for AVX2) and back. Lanes that are not alive are left as they are. The tracer
-// sets every lane before the walk, so nothing is initialised here.
+// The rays of a bundle from where they meet the stone, one lane each, handed from the tracer
+// to the walk (compiled for AVX2) and back: the walk splits each ray at its entry face as
+// the tracer does and follows the part that goes in. The tracer sets every lane of the
+// entry before the walk, so nothing is initialised here.
 struct BundleWalk {
     static constexpr int kLanes = kBundleRays;
     using Lanes = std::array<double, kLanes>;
@@ -19,29 +20,43 @@ struct BundleWalk {
     int depth;
     double outerIndex;
     std::array<double, 3> absorption;
-    alignas(32) Lanes px;
-    alignas(32) Lanes py;
-    alignas(32) Lanes pz;
-    alignas(32) Lanes dx;
-    alignas(32) Lanes dy;
-    alignas(32) Lanes dz;
-    alignas(32) Lanes stone;  // the stone index of each ray
-    alignas(32) Lanes eta;    // stone index / outer index
-    alignas(32) Lanes lift;   // the lift of the Fresnel curve
-    alignas(32) std::array<Lanes, 3> throughput;
-    alignas(32) std::array<Lanes, 3> light;
-    alignas(32) Lanes pathLength;
-    std::array<std::int64_t, kLanes> alive;  // -1 alive, 0 ended
-    std::array<int, kLanes> segments;        // set by the walk
+    std::array<double, 3> direction;  // of every ray, unit length
 
-    // Makes every lane a ray that has ended, with harmless values. Array by array: cleared as
+    // In: each ray's origin, its distance to the entry face, the face's normal (into the
+    // stone), and the highlight and the surroundings seen along its mirror direction there.
+    alignas(32) Lanes ox;
+    alignas(32) Lanes oy;
+    alignas(32) Lanes oz;
+    alignas(32) Lanes entryDistance;
+    alignas(32) Lanes nx;
+    alignas(32) Lanes ny;
+    alignas(32) Lanes nz;
+    alignas(32) Lanes mirrorHighlight;
+    alignas(32) std::array<Lanes, 3> mirrorLight;
+    alignas(32) Lanes stone;               // the stone index of each ray
+    alignas(32) Lanes inward;              // outer index / stone index
+    alignas(32) Lanes eta;                 // stone index / outer index
+    alignas(32) Lanes lift;                // the lift of the Fresnel curve
+    std::array<std::int64_t, kLanes> hit;  // -1 where the ray meets the stone, 0 elsewhere
+
+    // Out, for the rays that meet the stone: the highlight, the light gathered and what is
+    // left inside when the path ends, whether the ray went in (-1) or was all reflected (0),
+    // and the path inside.
+    alignas(32) Lanes highlight;
+    alignas(32) std::array<Lanes, 3> light;
+    alignas(32) std::array<Lanes, 3> throughput;
+    alignas(32) Lanes pathLength;
+    std::array<std::int64_t, kLanes> inside;
+    std::array<int, kLanes> segments;
+
+    // Makes every lane a ray that misses, with harmless values. Array by array: cleared as
     // one block, the lanes compile to a string store that costs more than the stores do.
     void ClearLanes() {
-        for (Lanes* lanes : {&px, &py, &pz, &dx, &dy, &dz, &lift, &pathLength, &throughput[0],
-                             &throughput[1], &throughput[2], &light[0], &light[1], &light[2]})
+        for (Lanes* lanes : {&ox, &oy, &oz, &entryDistance, &nx, &ny, &nz, &mirrorHighlight,
+                             &mirrorLight[0], &mirrorLight[1], &mirrorLight[2], &lift})
             *lanes = Lanes{};
-        stone = eta = Lanes{1.0, 1.0, 1.0, 1.0};
-        alive = {};
+        stone = inward = eta = Lanes{1.0, 1.0, 1.0, 1.0};
+        hit = {};
     }
 };
 

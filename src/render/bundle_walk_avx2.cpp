@@ -185,21 +185,52 @@ void Walk(BundleWalk& w) {
     __m128i segments = _mm_setzero_si128();  // of each lane: less a mask of -1 counts one
     const Lighting::Terms light = work.lighting.RadianceTerms();
     const bool classic = work.lighting.IsClassic();
+    const D4 zero = Splat(0.0), one = Splat(1.0);
+    const D4 n1 = Load(w.stone), eta = Load(w.eta), lift = Load(w.lift);
+    const D4 n2 = Splat(w.outerIndex);
+
+    // Into the stone: Fresnel's reflectance and Snell's direction at the entry face, as
+    // optics::SplitAt has them, lifted; what is reflected shows the highlight and the
+    // surroundings, the rest goes in.
+    const D4 dirX = Splat(w.direction[0]), dirY = Splat(w.direction[1]),
+             dirZ = Splat(w.direction[2]);
+    const D4 enterX = Load(w.nx), enterY = Load(w.ny), enterZ = Load(w.nz);
+    const D4 distance = Load(w.entryDistance), inward = Load(w.inward);
+    D4 px = Load(w.ox) + dirX * distance, py = Load(w.oy) + dirY * distance,
+       pz = Load(w.oz) + dirZ * distance;
+    D4 thr[3], lit[3];
     M4 alive;
-    std::memcpy(&alive, w.alive.data(), sizeof alive);
+    std::memcpy(&alive, w.hit.data(), sizeof alive);
+    D4 dx, dy, dz;
+    {
+        const D4 cosI = dirX * enterX + dirY * enterY + dirZ * enterZ;
+        const D4 sin2t = inward * inward * (one - cosI * cosI);
+        const M4 reflects = sin2t >= one;
+        const D4 cosT = Sqrt(Select(reflects, zero, one - sin2t));
+        const D4 a = n2 * cosI, b = n1 * cosT, c = n2 * cosT, e = n1 * cosI;
+        const D4 sumS = a + b, sumP = c + e, diffS = a - b, diffP = c - e;
+        const D4 split = Splat(0.5) * (diffS * diffS * sumP * sumP + diffP * diffP * sumS * sumS) /
+                         (sumS * sumS * sumP * sumP);
+        const D4 fresnel = Select(reflects, one, split);
+        const D4 r = fresnel + lift * (one - fresnel);
+        const D4 bend = cosT - inward * cosI;
+        dx = dirX * inward + enterX * bend;
+        dy = dirY * inward + enterY * bend;
+        dz = dirZ * inward + enterZ * bend;
+        Store(w.highlight, r * Load(w.mirrorHighlight));
+        for (int ch = 0; ch < 3; ++ch) {
+            lit[ch] = Load(w.mirrorLight[std::size_t(ch)]) * r;
+            thr[ch] = one - r;
+        }
+        alive &= ~reflects;
+    }
+    std::memcpy(w.inside.data(), &alive, sizeof alive);
+    D4 pathLength = zero;
     // The lanes still moving: alive but for the last test of the light left, which waits on
     // the Fresnel division. The search for the next faces goes by this mask, so that it need
     // not wait for that division. Every lane moves and turns with the others: a lane that
     // has ended is moved by nothing, or on a path whose place and direction nobody reads.
     M4 moving = alive;
-    D4 px = Load(w.px), py = Load(w.py), pz = Load(w.pz);
-    D4 dx = Load(w.dx), dy = Load(w.dy), dz = Load(w.dz);
-    D4 thr[3] = {Load(w.throughput[0]), Load(w.throughput[1]), Load(w.throughput[2])};
-    D4 lit[3] = {Load(w.light[0]), Load(w.light[1]), Load(w.light[2])};
-    D4 pathLength = Load(w.pathLength);
-    const D4 n1 = Load(w.stone), eta = Load(w.eta), lift = Load(w.lift);
-    const D4 n2 = Splat(w.outerIndex);
-    const D4 zero = Splat(0.0), one = Splat(1.0);
     const bool absorbs = w.absorption[0] != 0.0 || w.absorption[1] != 0.0 || w.absorption[2] != 0.0;
 
     for (int level = 0; level < w.depth; ++level) {

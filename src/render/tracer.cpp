@@ -360,7 +360,6 @@ bool FindEntry(const TracerWorkAreas& work, Vec3 origin, Vec3 d0, int guess, int
 
 void TraceBundle(const RayBundle& bundle, double outerIndex, double normalReflectance,
                  const TraceScene& scene, TracerBundleMemory& memory, BundleResults& results) {
-    constexpr std::size_t kRays = kBundleRays;
     const std::size_t n = std::size_t(std::clamp(bundle.count, 0, kBundleRays));
     // Each ray's results start as a miss. Field by field: a whole-struct clear of the bundle
     // compiles to a string store whose start-up costs more than the stores themselves.
@@ -398,16 +397,14 @@ void TraceBundle(const RayBundle& bundle, double outerIndex, double normalReflec
     walk.memory = &memory;
     walk.depth = scene.depth;
     walk.outerIndex = outerIndex;
+    walk.direction = {d0.x, d0.y, d0.z};
     for (std::size_t c = 0; c < 3; ++c)
         walk.absorption[c] = scene.stoneColour[c] * kAbsorptionScale;
-    // Every lane starts as a ray that has ended, with harmless values.
+    // Every lane starts as a ray that misses, with harmless values.
     walk.ClearLanes();
-    std::array<bool, kRays> inside;
-    inside.fill(false);
-    std::array<double, kRays> highlight;
-    std::array<std::array<double, 3>, kRays> surroundings;
 
-    // The entry of each ray and the split there, as Trace_TraceVector works them out.
+    // Where each ray enters the stone, as Trace_TraceVector finds it; the split there is
+    // the walk's first step.
     for (std::size_t l = 0; l < n; ++l) {
         TraceResults& out = results.rays[l];
         const Vec3 origin = bundle.origins[l];
@@ -426,6 +423,9 @@ void TraceBundle(const RayBundle& bundle, double outerIndex, double normalReflec
             continue;
         }
         memory.entryFaces[l] = face;
+        out.distance = tIn;
+        out.entryFace = face;
+        results.hits[l] = 1;
 
         TracerBundleMemory::Crossings& crossings = memory.crossings[l];
         if (crossings.outerIndex != outerIndex || crossings.stoneIndex != stoneIndex ||
@@ -438,46 +438,31 @@ void TraceBundle(const RayBundle& bundle, double outerIndex, double normalReflec
                          outerIndex / stoneIndex,
                          stoneIndex / outerIndex};
         }
-        const double lift = crossings.lift;
-        const Vec3 p = origin + d0 * tIn;
-        const Vec3 normal = PlaneNormal(area, face);
-        out.distance = tIn;
-        out.entryFace = face;
-        results.hits[l] = 1;
-
-        const Crossing entering(outerIndex, stoneIndex, lift, crossings.inward);
-        const optics::Split in = entering.At(d0, normal);
-        const double r = in.reflectance;
-        // The highlight and the surroundings depend only on the reflected direction, the
-        // same for rays from one origin.
-        if (!sameRay) {
-            const Vec3 reflected = optics::Reflect(d0, normal);
-            highlight[l] = lighting.Highlight(reflected);
-            surroundings[l] = lighting.Surroundings(reflected);
-        } else {
-            highlight[l] = highlight[l - 1];
-            surroundings[l] = surroundings[l - 1];
-        }
-        out.highlight = r * highlight[l];
-        for (std::size_t c = 0; c < 3; ++c)
-            walk.light[c][l] = surroundings[l][c] * r;
-        if (!in.refracted) {
-            out.colour = {walk.light[0][l], walk.light[1][l], walk.light[2][l]};
-            continue;
-        }
-        walk.px[l] = p.x;
-        walk.py[l] = p.y;
-        walk.pz[l] = p.z;
-        walk.dx[l] = in.direction.x;
-        walk.dy[l] = in.direction.y;
-        walk.dz[l] = in.direction.z;
+        walk.ox[l] = origin.x;
+        walk.oy[l] = origin.y;
+        walk.oz[l] = origin.z;
+        walk.entryDistance[l] = tIn;
+        walk.nx[l] = area.nx[std::size_t(face)];
+        walk.ny[l] = area.ny[std::size_t(face)];
+        walk.nz[l] = area.nz[std::size_t(face)];
         walk.stone[l] = stoneIndex;
+        walk.inward[l] = crossings.inward;
         walk.eta[l] = crossings.outward;
-        walk.lift[l] = lift;
-        for (std::size_t c = 0; c < 3; ++c)
-            walk.throughput[c][l] = 1.0 - r;
-        walk.alive[l] = -1;
-        inside[l] = true;
+        walk.lift[l] = crossings.lift;
+        walk.hit[l] = -1;
+        // The highlight and the surroundings depend only on the mirror direction, the same
+        // for rays from one origin.
+        if (!sameRay) {
+            const Vec3 reflected = optics::Reflect(d0, PlaneNormal(area, face));
+            walk.mirrorHighlight[l] = lighting.Highlight(reflected);
+            const std::array<double, 3> seen = lighting.Surroundings(reflected);
+            for (std::size_t c = 0; c < 3; ++c)
+                walk.mirrorLight[c][l] = seen[c];
+        } else {
+            walk.mirrorHighlight[l] = walk.mirrorHighlight[l - 1];
+            for (std::size_t c = 0; c < 3; ++c)
+                walk.mirrorLight[c][l] = walk.mirrorLight[c][l - 1];
+        }
     }
 
     area.search.walk(walk);
@@ -485,9 +470,14 @@ void TraceBundle(const RayBundle& bundle, double outerIndex, double normalReflec
     // Light still inside when a path ends is counted as the average of the surroundings.
     const std::array<double, 3> average = lighting.Average();
     for (std::size_t l = 0; l < n; ++l) {
-        if (!inside[l])
+        if (!results.hits[l])
             continue;
         TraceResults& out = results.rays[l];
+        out.highlight = walk.highlight[l];
+        if (!walk.inside[l]) {
+            out.colour = {walk.light[0][l], walk.light[1][l], walk.light[2][l]};
+            continue;
+        }
         for (std::size_t c = 0; c < 3; ++c)
             out.colour[c] = walk.light[c][l] + walk.throughput[c][l] * average[c];
         out.segments = walk.segments[l];
