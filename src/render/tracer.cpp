@@ -70,21 +70,21 @@ inline bool ConfirmFace(const TracerWorkAreas& work, int face, Vec3 p, Vec3 d, b
         return false;
     const double h = Height(area, face, p);
     // The crossing lies at t = num / den along the ray. Each edge is tested at that point
-    // multiplied through by den (> 0), so the tests need not wait for the division.
+    // multiplied through by den (> 0), p * den + d * num, so the tests need not wait for the
+    // division.
     const double num = entering ? -h : std::max(h, 0.0);
     const double den = entering ? b : -b;
     t = num / den;
     if (entering && !(t > 0.0))
         return false;
+    const Vec3 q = {p.x * den + d.x * num, p.y * den + d.y * num, p.z * den + d.z * num};
     // The nearest edge decides; taking the least over all edges keeps the loop free of
     // branches that would be guessed wrong half the time.
     const TracerEdgeArea& edges = work.edges;
     double nearest = kGuessMargin * den;
     for (int e = edges.first[face]; e < edges.first[face + 1]; ++e) {
         const TracerEdgeArea::Line& line = edges.lines[e];
-        const double atStart = line.x * p.x + line.y * p.y + line.z * p.z - line.offset;
-        const double along = line.x * d.x + line.y * d.y + line.z * d.z;
-        nearest = std::min(nearest, atStart * den + along * num);
+        nearest = std::min(nearest, line.x * q.x + line.y * q.y + line.z * q.z - line.offset * den);
     }
     return nearest >= kGuessMargin * den;
 }
