@@ -248,12 +248,13 @@ void Walk(BundleWalk& w) {
         const int shared = faces[std::size_t(leader)];
         const int sharers =
             _mm_movemask_ps(_mm_castsi128_ps(_mm_cmpeq_epi32(own, _mm_set1_epi32(shared)))) & open;
+        // The shared face is tried for every ray, not only for those that remember it: where
+        // the paths of the rays part and meet again, it serves the others too.
         D4 sharedT = Splat(0.0);
-        int confirmed = 0;  // lanes whose own face the shared test confirmed
+        int confirmed = 0;  // lanes the shared face is confirmed for
         int tested = 0;     // lanes whose own face the shared test has already tried
-        if (shared >= 0 && (sharers & (sharers - 1)) != 0) {
-            confirmed =
-                ConfirmExitTogether(work, shared, px, py, pz, dx, dy, dz, sharedT) & sharers;
+        if (shared >= 0 && (open & (open - 1)) != 0) {
+            confirmed = ConfirmExitTogether(work, shared, px, py, pz, dx, dy, dz, sharedT) & open;
             tested = sharers;
         }
         D4 t, ox, oy, oz;
@@ -278,7 +279,7 @@ void Walk(BundleWalk& w) {
                 const int guess = faces[i];
                 int found = -1;
                 if (confirmed >> l & 1) {
-                    found = guess;
+                    found = shared;
                 } else {
                     const Ray ray = {px[l], py[l], pz[l], dx[l], dy[l], dz[l]};
                     double lane = 0.0;
