@@ -162,14 +162,14 @@ inline int SearchExit(const TracerFaceArea& area, const Ray& r, double& t) {
 // fits: the face that followed the same two faces the last time a ray got here this way,
 // or else the full search, whose answer is then kept for the next ray.
 inline int FollowOrSearch(const TracerWorkAreas& work, TracerBundleMemory& memory, std::size_t lane,
-                          int level, int own, int before, const Ray& ray, double& t) {
+                          int level, int own, int before, int failed, const Ray& ray, double& t) {
     const auto faceAt = [&](int l) {
         return l < 0 ? memory.entryFaces[lane] : memory.exitFaces[std::size_t(l)][lane];
     };
     const std::size_t key =
         TracerBundleMemory::FollowKey(level >= 1 ? faceAt(level - 2) : -1, faceAt(level - 1));
     const int next = memory.follow[key];
-    if (next != own && next != before && ConfirmExit(work, next, ray, t))
+    if (next != own && next != before && next != failed && ConfirmExit(work, next, ray, t))
         return next;
     const int found = SearchExit(work.faces, ray, t);
     memory.follow[key] = std::int16_t(found);
@@ -253,9 +253,11 @@ void Walk(BundleWalk& w) {
         D4 sharedT = Splat(0.0);
         int confirmed = 0;  // lanes the shared face is confirmed for
         int tested = 0;     // lanes whose own face the shared test has already tried
+        int failed = -1;    // the face the shared test found wrong for the others
         if (shared >= 0 && (open & (open - 1)) != 0) {
             confirmed = ConfirmExitTogether(work, shared, px, py, pz, dx, dy, dz, sharedT) & open;
             tested = sharers;
+            failed = shared;
         }
         D4 t, ox, oy, oz;
         if ((confirmed & live) == live) {
@@ -285,10 +287,12 @@ void Walk(BundleWalk& w) {
                     double lane = 0.0;
                     if (!(tested >> l & 1) && ConfirmExit(work, guess, ray, lane))
                         found = guess;
-                    else if (before != guess && ConfirmExit(work, before, ray, lane))
+                    else if (before != guess && before != failed &&
+                             ConfirmExit(work, before, ray, lane))
                         found = before;
                     else
-                        found = FollowOrSearch(work, memory, i, level, guess, before, ray, lane);
+                        found = FollowOrSearch(work, memory, i, level, guess, before, failed, ray,
+                                               lane);
                     // Blended in place: four lone stores read back as one vector would stall.
                     t = Select(kLane[l], Splat(lane), t);
                 }
