@@ -17,7 +17,7 @@ struct BundleWalk {
 
     const TracerWorkAreas* work;
     TracerBundleMemory* memory;
-    int depth;
+    int depth;  // at most TracerBundleMemory::kLevels: a row of remembered faces a level
     double outerIndex;
     std::array<double, 3> absorption;
     std::array<double, 3> direction;  // of every ray, unit length
