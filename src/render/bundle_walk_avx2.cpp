@@ -74,6 +74,24 @@ inline __m128i Lanes32(int bits) {
     return _mm_load_si128(reinterpret_cast<const __m128i*>(kLaneMasks32.lanes[bits]));
 }
 
+// One crossing of every lane, as optics::SplitAt has it and lifted: for the cosine of the
+// angle of incidence and sin2t = eta^2 (1 - cos^2), from and to the indices on either side,
+// the reflectance (1 where all light reflects) and the cosine of the refracted angle.
+struct LaneSplit {
+    D4 reflectance;
+    D4 cosT;
+};
+inline LaneSplit SplitLanes(D4 cosI, D4 sin2t, M4 reflects, D4 from, D4 to, D4 lift) {
+    const D4 zero = Splat(0.0), one = Splat(1.0);
+    const D4 cosT = Sqrt(Select(reflects, zero, one - sin2t));
+    const D4 a = from * cosI, b = to * cosT, c = from * cosT, e = to * cosI;
+    const D4 sumS = a + b, sumP = c + e, diffS = a - b, diffP = c - e;
+    const D4 split = Splat(0.5) * (diffS * diffS * sumP * sumP + diffP * diffP * sumS * sumS) /
+                     (sumS * sumS * sumP * sumP);
+    const D4 fresnel = Select(reflects, one, split);
+    return {fresnel + lift * (one - fresnel), cosT};
+}
+
 struct Ray {
     double px, py, pz, dx, dy, dz;
 };
@@ -206,13 +224,7 @@ void Walk(BundleWalk& w) {
         const D4 cosI = dirX * enterX + dirY * enterY + dirZ * enterZ;
         const D4 sin2t = inward * inward * (one - cosI * cosI);
         const M4 reflects = sin2t >= one;
-        const D4 cosT = Sqrt(Select(reflects, zero, one - sin2t));
-        const D4 a = n2 * cosI, b = n1 * cosT, c = n2 * cosT, e = n1 * cosI;
-        const D4 sumS = a + b, sumP = c + e, diffS = a - b, diffP = c - e;
-        const D4 split = Splat(0.5) * (diffS * diffS * sumP * sumP + diffP * diffP * sumS * sumS) /
-                         (sumS * sumS * sumP * sumP);
-        const D4 fresnel = Select(reflects, one, split);
-        const D4 r = fresnel + lift * (one - fresnel);
+        const auto [r, cosT] = SplitLanes(cosI, sin2t, reflects, n2, n1, lift);
         const D4 bend = cosT - inward * cosI;
         dx = dirX * inward + enterX * bend;
         dy = dirY * inward + enterY * bend;
@@ -335,14 +347,7 @@ void Walk(BundleWalk& w) {
         // Where every ray with light left is reflected totally, its reflectance is exactly 1:
         // nothing leaves, and its light and what is left of it stay as they are.
         if (Bits(leaves) != 0) {
-            const D4 cosT = Sqrt(Select(reflects, zero, one - sin2t));
-            const D4 a = n1 * cosI, b = n2 * cosT, c = n1 * cosT, e = n2 * cosI;
-            const D4 sumS = a + b, sumP = c + e, diffS = a - b, diffP = c - e;
-            const D4 split = Splat(0.5) *
-                             (diffS * diffS * sumP * sumP + diffP * diffP * sumS * sumS) /
-                             (sumS * sumS * sumP * sumP);
-            const D4 fresnel = Select(reflects, one, split);
-            const D4 r = fresnel + lift * (one - fresnel);
+            const auto [r, cosT] = SplitLanes(cosI, sin2t, reflects, n1, n2, lift);
             const D4 bend = cosT - eta * cosI;
             const D4 ex = dx * eta + ox * bend, ey = dy * eta + oy * bend,
                      ez = dz * eta + oz * bend;

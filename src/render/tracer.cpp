@@ -41,10 +41,8 @@ double Height(const TracerFaceArea& area, int i, Vec3 p) {
 // depend only on the two indices worked out once per ray.
 class Crossing {
   public:
-    Crossing(double from, double to, double lift) : Crossing(from, to, lift, from / to) {}
-    // With the ratio from / to already worked out.
-    Crossing(double from, double to, double lift, double ratio)
-        : from_(from), to_(to), lift_(lift), ratio_(ratio) {}
+    Crossing(double from, double to, double lift)
+        : from_(from), to_(to), lift_(lift), ratio_(from / to) {}
     // Splits unit direction d at a surface whose unit normal n points into the new medium.
     optics::Split At(Vec3 d, Vec3 n) const {
         optics::Split split = optics::SplitAt(d, n, from_, to_, ratio_);
